@@ -1,0 +1,22 @@
+# SPDX-License-Identifier: MIT
+# What every target of ours is compiled with. Not exported: users choose their own warnings.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_package(Threads REQUIRED)
+
+add_library(velt_options INTERFACE)
+target_compile_options(velt_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+
+set(VELT_SANITIZE "" CACHE STRING "Sanitizers of our own code, as for -fsanitize=")
+if(VELT_SANITIZE)
+  add_compile_options(-fsanitize=${VELT_SANITIZE} -fno-omit-frame-pointer
+                      -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${VELT_SANITIZE})
+endif()
