@@ -23,7 +23,7 @@ std::optional<std::string> headerName(const std::string& line) {
         text.remove_suffix(1);  // the last one: a name may have brackets of its own
     else
         text = text.substr(0, text.find(']'));
-    return readText(decoded(text));
+    return readText(text);
 }
 
 /// Place of the "=" of a key's line; npos in any other line.
@@ -59,12 +59,13 @@ void IniDocument::indexLines() {
     Section* section = &sections_[""];
     bool firstBlock = true;  // of the section's name; new keys go there
     for (auto line = lines_.begin(); line != lines_.end(); ++line) {
-        if (const auto name = headerName(line->text)) {
+        const std::string text = decoded(line->text);
+        if (const auto name = headerName(text)) {
             const auto [entry, added] = sections_.try_emplace(*name);
             section = &entry->second;
             firstBlock = added;
-        } else if (const auto equals = equalsSign(line->text); equals != std::string::npos) {
-            section->entries.try_emplace(readText(decoded(line->text.substr(0, equals))), line);
+        } else if (const auto equals = equalsSign(text); equals != std::string::npos) {
+            section->entries.try_emplace(readText(text.substr(0, equals)), line);
         } else {
             continue;
         }

@@ -12,7 +12,7 @@
 namespace velt::ini {
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 std::string afterSet(std::string_view bytes, const std::string& section, const std::string& key,
                      const std::string& value) {

@@ -21,7 +21,7 @@
 namespace velt::ini {
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 namespace fs = std::filesystem;
 
 const Date present = Date::fromFields({2006, 4, 18, 7, 30, 0, 250});
@@ -247,12 +247,10 @@ TEST_F(IniSettingsTest, AMissingFolderIsLogged) {
 }
 
 TEST_F(IniSettingsTest, GarbageStaysAndTakesSettings) {
-    std::string garbage =
-        "\x7F"
-        "ELF\0\0\r\r\n[[[\n=\n\xFE\xE8=\x01\n]\n"s;
+    const std::string garbage = "\x7F_ELF\0\0\r\r\r\n[[[\n=\n\xFE\xE8=\x01\n]\n"s;
     writeBytes(file_, garbage);
     save(file_, "k", "v");
-    EXPECT_EQ(bytesOf(file_), garbage + "\n[S]\nk=v\n");
+    EXPECT_EQ(bytesOf(file_), garbage + "\r\n[S]\r\nk=v\r\n");
     EXPECT_EQ(settings(file_)->LeggiStringa("k", ""), "v");
 }
 
