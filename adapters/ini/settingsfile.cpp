@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/ini/settingsfile.h"
 
+#include "platform/paths.h"
 #include "platform/runtimeerror.h"
 
 #include <algorithm>
@@ -87,6 +88,15 @@ void writeNewFile(const std::string& path, const std::string& bytes, const struc
     if (!file.close()) failWith(errno, path);
 }
 
+/// A file that does not exist, in a folder that should.
+fs::path placeOfNewFile(const std::string& path) {
+    std::string separated = path;
+    std::ranges::replace(separated, '\\', '/');
+    const fs::path file(separated);
+    const auto folder = resolvePath(file.parent_path().string());
+    return folder ? *folder / file.filename() : file;
+}
+
 }  // namespace
 
 void failWith(int systemError, const std::string& path) {
@@ -101,9 +111,7 @@ std::string companionPath(const std::string& path, const std::string& suffix) {
 
 std::string settingsPath(const std::string& path) {
     if (path.find('\0') != std::string::npos) failWith(EINVAL, path);
-    std::string separated = path;
-    std::ranges::replace(separated, '\\', '/');
-    fs::path file(separated);
+    fs::path file = resolvePath(path).value_or(placeOfNewFile(path));
     std::error_code noLink;
     for (int links = 0; links < mostLinks; ++links) {
         const fs::path target = fs::read_symlink(file, noLink);

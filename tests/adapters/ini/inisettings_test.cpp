@@ -165,8 +165,16 @@ TEST_F(IniSettingsTest, ReadsNumbersOrTheDefault) {
 
 TEST_F(IniSettingsTest, PathsComeFromAWindowsWorld) {
     fs::create_directory(folder_ / "dati");
-    settings(folder_.path().string() + "\\dati\\p.ini")->ScriviStringa("k", "v");
-    EXPECT_EQ(bytesOf(folder_ / "dati" / "p.ini"), "[S]\nk=v\n");
+    save(folder_.path().string() + "\\DATI\\p.ini", "k", "v");
+    save(folder_.path().string() + "\\Dati\\P.INI", "n", "2");
+    EXPECT_EQ(bytesOf(folder_ / "dati" / "p.ini"), "[S]\nk=v\nn=2\n");
+    fs::current_path(folder_.path());
+    save("qui.ini", "k", "v");
+    save("DATI\\LI.ini", "k", "v");
+    fs::current_path("/");
+    EXPECT_EQ(bytesOf(folder_ / "qui.ini"), "[S]\nk=v\n");
+    EXPECT_EQ(bytesOf(folder_ / "dati" / "LI.ini"), "[S]\nk=v\n");
+    EXPECT_EQ(log_, std::vector<std::string>());
 }
 
 TEST_F(IniSettingsTest, KeepsModeOwnerAndLinks) {
@@ -325,6 +333,26 @@ TEST_F(IniSettingsTest, AFailingLogStopsNothing) {
     object.NomeFile(folder_.path().string());
     object.ScriviStringa("k", "v");
     EXPECT_EQ(object.LeggiStringa("altro", "difetto"), "difetto");
+}
+
+TEST_F(IniSettingsTest, WhoReadsDuringASaveSeesTheOldOrTheNewFile) {
+    const std::string a = "[S]\nk=" + std::string(100'000, 'a') + "\n";
+    const std::string b = "[S]\nk=" + std::string(50'000, 'b') + "\n";
+    writeBytes(file_, a);
+    const pid_t child = fork();
+    if (child == 0) {
+        for (int i = 0; i < 200; ++i) {
+            save(file_, "k", std::string(50'000, 'b'));
+            save(file_, "k", std::string(100'000, 'a'));
+        }
+        _exit(log_.empty() ? 0 : 1);
+    }
+    int status = 0;
+    while (waitpid(child, &status, WNOHANG) == 0) {
+        const std::string seen = bytesOf(file_);
+        ASSERT_TRUE(seen == a || seen == b) << seen.size();
+    }
+    EXPECT_EQ(status, 0);
 }
 
 /// Writes keys of its own, one save each.
