@@ -12,11 +12,11 @@ function(velt_module NAME)
 endfunction()
 
 # velt_test(NAME SOURCES file... LINKS target...)
-# A GoogleTest program; each of its cases is one test of ctest.
+# A GoogleTest program, with its own main() where its sources have one; each of its cases is one test of ctest.
 function(velt_test NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})
   target_include_directories(${NAME} PRIVATE "${PROJECT_SOURCE_DIR}")
-  target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} GTest::gmock velt_options)
+  target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} GTest::gmock_main velt_options)
   gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
 endfunction()

@@ -319,7 +319,7 @@ std::optional<double> plainNumber(std::string_view text) {
     std::string plain(trimmed(text));
     if (plain.empty() || plain.find_first_not_of("+-0123456789.,eE") != std::string::npos)
         return std::nullopt;
-    if (plain.front() == '+') plain.erase(0, 1);
+    if (plain.starts_with('+') && !plain.starts_with("+-")) plain.erase(0, 1);
     std::ranges::replace(plain, ',', '.');
     double value = 0.0;
     const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
