@@ -6,6 +6,9 @@
 
 namespace velt::access {
 
+/// The name under which engines know compareText().
+inline constexpr const char* TextCollation = "jet";
+
 /// How Access compares text: letter case does not count, accents count behind the letters,
 /// trailing blanks do not count. Below 0, 0 or above 0; UTF-8, invalid bytes compare as U+FFFD.
 /// Callable from any thread.

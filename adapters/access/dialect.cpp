@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/dialect.h"
 
+#include "adapters/access/collation.h"
 #include "adapters/access/dateliteral.h"
 #include "adapters/access/enclosed.h"
 #include "adapters/access/equalities.h"
@@ -123,14 +124,35 @@ private:
         ++at_;
     }
 
-    /// A text beside the result of an expression brings the order of texts along; a column has it
-    /// by itself (and the engine shows a bare literal to the table, which checks its kind).
+    bool isOperandSign(std::size_t index) const {
+        return index < tokens_.size() &&
+               (isArithmetic(tokens_[index]) || isOperator(tokens_[index], "&") ||
+                isOperator(tokens_[index], "("));
+    }
+
+    /// True when the text at `at_` is compared with anything but a plain column.
+    bool comparedWithExpression() const {
+        if (at_ >= 2 && isComparison(tokens_[at_ - 1])) {
+            std::size_t first = at_ - 2;
+            if (!isName(tokens_[first])) return true;
+            while (first >= 2 && isOperator(tokens_[first - 1], ".")) first -= 2;
+            return first > 0 && !isOperator(tokens_[first - 1], "(") && isOperandSign(first - 1);
+        }
+        if (at_ + 2 < tokens_.size() && isComparison(tokens_[at_ + 1])) {
+            std::size_t last = at_ + 2;
+            if (!isName(tokens_[last])) return true;
+            while (last + 2 < tokens_.size() && isOperator(tokens_[last + 1], ".")) last += 2;
+            return isOperandSign(last + 1);
+        }
+        return false;
+    }
+
+    /// A text beside an expression brings the order of texts along. A column has it by itself, and
+    /// the engine shows the table only a bare literal, for it to check the kind.
     void translateString(const SqlToken& token) {
-        const bool behindExpression =
-            at_ >= 2 && isComparison(tokens_[at_ - 1]) && isOperator(tokens_[at_ - 2], ")");
-        const bool beforeCall = following(3) != nullptr && isComparison(*following(1)) &&
-                                isName(*following(2)) && isOperator(*following(3), "(");
-        emit(enclosed(token.text, '\'') + (behindExpression || beforeCall ? " COLLATE jet" : ""));
+        std::string text = enclosed(token.text, '\'');
+        if (comparedWithExpression()) text.append(" COLLATE ").append(TextCollation);
+        emit(text);
     }
 
     void translateOperator(const SqlToken& token) {

@@ -6,7 +6,6 @@
 #include "adapters/access/plaintext.h"
 #include "adapters/access/queryerror.h"
 #include "adapters/access/timeline.h"
-#include "adapters/access/virtualtable.h"
 #include "platform/clock.h"
 
 #include <sqlite3.h>

@@ -89,7 +89,8 @@ void PreparedQuery::fail(const SqliteEngine::Failure& failure) const {
                                "Funzione sconosciuta: \"" + *function + "\"");
     if (const auto table = subject(message, ForbiddenTable))
         throw unknownTable(table->substr(0, table->find('.')));
-    if (failure.code == SQLITE_AUTH) throw RuntimeError(ErrorNumber::UnsupportedStatement);
+    if (failure.code == SQLITE_AUTH || message == "not authorized")
+        throw RuntimeError(ErrorNumber::UnsupportedStatement);
     const std::size_t place =
         failure.offset < 0 ? statementText_.size()
                            : translation_.sourcePlace(static_cast<std::size_t>(failure.offset));

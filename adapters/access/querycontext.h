@@ -42,7 +42,8 @@ struct QueryContext {
     QueryControl control;
     std::exception_ptr failure;
     std::deque<TableReader> tables;  ///< that the statement names
-    std::uint64_t comparisons = 0;   ///< of texts, for checking the control now and then
+    bool declaring = false;  ///< a table tells the engine its columns, by a statement of its own
+    std::uint64_t comparisons = 0;  ///< of texts, for checking the control now and then
 };
 
 }  // namespace velt::access

@@ -1,19 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/queryerror.h"
 
+#include <algorithm>
+
 namespace velt::access {
 namespace {
 
-constexpr std::size_t ExcerptLength = 40;
+constexpr std::size_t ExcerptBefore = 20;
+constexpr std::size_t ExcerptBehind = 30;
 
 bool continuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
-/// The beginning of `text`, not cut within a character.
-std::string excerpt(std::string_view text) {
-    if (text.size() <= ExcerptLength) return std::string(text);
-    std::size_t end = ExcerptLength;
-    while (end > 0 && continuesCharacter(text[end])) --end;
-    return std::string(text.substr(0, end)) + "...";
+/// What stands around a place, not cut within a character.
+std::string excerpt(std::string_view text, std::size_t place) {
+    std::size_t first = place > ExcerptBefore ? place - ExcerptBefore : 0;
+    std::size_t end = std::min(place + ExcerptBehind, text.size());
+    while (first > 0 && continuesCharacter(text[first])) --first;
+    while (end < text.size() && continuesCharacter(text[end])) ++end;
+    return (first > 0 ? "..." : "") + std::string(text.substr(first, end - first)) +
+           (end < text.size() ? "..." : "");
 }
 
 }  // namespace
@@ -22,7 +27,7 @@ RuntimeError syntaxError(std::string_view reason, std::string_view statement, st
     std::string description = "Errore di sintassi nella query";
     if (!reason.empty()) description.append(" (").append(reason).append(")");
     if (offset < statement.size())
-        description += ", vicino a: " + excerpt(statement.substr(offset));
+        description += ", vicino a: " + excerpt(statement, offset);
     else
         description += ", alla fine dell'istruzione";
     return {ErrorNumber::SyntaxError, description};

@@ -17,7 +17,7 @@ inline constexpr int TimeExpired = -2147217871;  ///< 0x80040E31, as ADO has it
 inline constexpr int OutOfMemory = 14;
 }  // namespace queryerror
 
-/// RuntimeError 3075: the reason and the part of the statement that starts at `offset`.
+/// RuntimeError 3075: the reason and the part of the statement around `offset`.
 [[nodiscard]] RuntimeError syntaxError(std::string_view reason, std::string_view statement,
                                        std::size_t offset);
 [[nodiscard]] RuntimeError unknownTable(std::string_view name);

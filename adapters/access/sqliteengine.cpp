@@ -77,6 +77,7 @@ int SqliteEngine::progress(void* context) {
 int SqliteEngine::authorize(void* self, int action, const char* first, const char* second,
                             const char*, const char*) {
     const auto& engine = *static_cast<SqliteEngine*>(self);
+    if (engine.context_.declaring) return SQLITE_OK;
     switch (action) {
         case SQLITE_SELECT: return SQLITE_OK;
         case SQLITE_READ:

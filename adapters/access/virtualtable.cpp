@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/virtualtable.h"
 
+#include "adapters/access/collation.h"
 #include "adapters/access/enclosed.h"
 #include "adapters/access/jet/fileerror.h"
 #include "adapters/access/queryerror.h"
@@ -74,7 +75,10 @@ int connect(sqlite3* engine, void* context, int /*count*/, const char* const* ar
     auto& query = *static_cast<QueryContext*>(context);
     const bool done = query.guarded([&] {
         TableReader& reader = query.open(arguments[0]);
-        if (sqlite3_declare_vtab(engine, declaration(reader.table()).c_str()) != SQLITE_OK)
+        query.declaring = true;
+        const int declared = sqlite3_declare_vtab(engine, declaration(reader.table()).c_str());
+        query.declaring = false;
+        if (declared != SQLITE_OK)
             throw jet::fileError(ErrorNumber::UnknownFileFormat, query.database->path(),
                                  "la tabella \"" + reader.table().name() +
                                      "\" non può essere letta (" + sqlite3_errmsg(engine) + ")");

@@ -10,9 +10,6 @@ struct sqlite3;
 
 namespace velt::access {
 
-/// The collation of text columns, registered with every engine.
-inline constexpr const char* TextCollation = "jet";
-
 /// Makes the table `name` of the context's file known to the engine under this name. It is opened
 /// when a statement first uses it: ranges of a date column and the
 /// order by one are left to the reading, everything else to the engine.
