@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "panel/velt-panel/forms.h"
+
+#include "widgets/alarmviewer.h"
+
+#include <QFile>
+#include <QTabWidget>
+#include <QUiLoader>
+
+namespace velt::panel {
+namespace {
+
+/// Makes our controls itself, so that forms load where no plugin is installed.
+class FormLoader final : public QUiLoader {
+public:
+    QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
+        QWidget* widget = nullptr;
+        if (className == "velt::ui::AlarmViewer")
+            widget = new ui::AlarmViewer(parent);
+        else
+            return QUiLoader::createWidget(className, parent, name);
+        widget->setObjectName(name);
+        return widget;
+    }
+};
+
+}  // namespace
+
+QWidget* makeBuiltInForm() {
+    auto* tabs = new QTabWidget;
+    tabs->setDocumentMode(true);
+    auto* alarms = new ui::AlarmViewer;
+    alarms->setObjectName("AlarmViewer1");
+    tabs->addTab(alarms, QStringLiteral("Storico a&llarmi"));
+    return tabs;
+}
+
+QWidget* loadForm(const QString& file, QString& error) {
+    QFile device(file);
+    if (!device.open(QIODevice::ReadOnly)) {
+        error = QStringLiteral("Impossibile aprire %1: %2").arg(file, device.errorString());
+        return nullptr;
+    }
+    FormLoader loader;
+    QWidget* form = loader.load(&device);
+    if (!form)
+        error = QStringLiteral("%1 non è un modulo valido: %2").arg(file, loader.errorString());
+    return form;
+}
+
+}  // namespace velt::panel

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "demo/installation.h"
+#include "panel/velt-panel/forms.h"
+#include "panel/velt-panel/hostwindow.h"
+#include "panel/velt-panel/options.h"
+#include "platform/runtimeerror.h"
+#include "widgets/alarmviewer.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QTimer>
+#include <QTranslator>
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace velt::panel {
+namespace {
+
+/// What the host assigns to the controls of a form.
+struct Sources {
+    QString alarmFile;
+    QString settingsFile;
+};
+
+/// Assigns the sources while the program runs. A FileIni that came with the form is assigned once
+/// more: only an assignment by the running host tells a control the name of its instance, and with
+/// it the section that is its own.
+void assign(const Sources& sources, const QDir& formFolder, QWidget& form) {
+    const auto fromForm = [&formFolder](const QString& path) {
+        return path.isEmpty() ? path : formFolder.absoluteFilePath(path);
+    };
+    const auto alarmViewers = form.findChildren<ui::AlarmViewer*>();
+    for (ui::AlarmViewer* viewer : alarmViewers)
+        viewer->File(sources.alarmFile.isEmpty() ? fromForm(viewer->File()) : sources.alarmFile);
+    const auto controls = form.findChildren<ui::ControlWidget*>();
+    for (ui::ControlWidget* control : controls)
+        control->FileIni(sources.settingsFile.isEmpty() ? fromForm(control->FileIni())
+                                                        : sources.settingsFile);
+}
+
+void takePicture(HostWindow& window, const Options& options) {
+    QTimer::singleShot(static_cast<int>(options.screenshotAfter * 1000), &window, [&] {
+        // A message to the operator stands in front of the window: it is what he sees.
+        QWidget* modal = QApplication::activeModalWidget();
+        const bool saved = (modal ? modal : &window)->grab().save(options.screenshot);
+        if (!saved)
+            std::fprintf(stderr, "velt-panel: cannot write %s\n", qPrintable(options.screenshot));
+        if (modal) modal->close();
+        window.close();
+        QApplication::exit(saved ? 0 : 1);
+    });
+}
+
+int run(const Options& options) {
+    QString error;
+    std::unique_ptr<QWidget> form(options.form.isEmpty() ? makeBuiltInForm()
+                                                         : loadForm(options.form, error));
+    if (!form) {
+        std::fprintf(stderr, "velt-panel: %s\n", qPrintable(error));
+        return 1;
+    }
+
+    SystemClock clock;
+    std::unique_ptr<demo::Installation> installation;
+    Sources sources{options.alarmFile, options.settingsFile};
+    if (options.demo) {
+        demo::InstallationOptions demoOptions;
+        demoOptions.folder = options.dataFolder.toStdString();
+        demoOptions.seed = options.seed;
+        demoOptions.log = [](const std::string& text) {
+            std::fprintf(stderr, "velt-panel: %s\n", text.c_str());
+        };
+        installation = std::make_unique<demo::Installation>(std::move(demoOptions), clock);
+        const auto fill = [](QString& target, const std::filesystem::path& path) {
+            if (target.isEmpty()) target = QString::fromStdString(path.string());
+        };
+        fill(sources.alarmFile, installation->alarmFile());
+        fill(sources.settingsFile, installation->settingsFile());
+    }
+
+    HostWindow window(form.release());
+    const QDir formFolder =
+        options.form.isEmpty() ? QDir::current() : QFileInfo(options.form).absoluteDir();
+    assign(sources, formFolder, *window.centralWidget());
+    window.show();
+    if (!options.screenshot.isEmpty()) takePicture(window, options);
+    return QApplication::exec();
+}
+
+}  // namespace
+}  // namespace velt::panel
+
+int main(int argc, char** argv) {
+    QCoreApplication::setApplicationName("velt-panel");
+    QCoreApplication::setApplicationVersion(VELT_VERSION);
+    std::optional<velt::panel::Options> options;
+    int exitCode = 0;
+    {
+        // The command line is read without a display: --help must work everywhere.
+        const QCoreApplication early(argc, argv);
+        options = velt::panel::parseOptions(QCoreApplication::arguments(), exitCode);
+    }
+    if (!options) return exitCode;
+
+    const QApplication application(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+    QTranslator translator;  // Qt's own dialogs
+    if (translator.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&translator);
+    try {
+        return velt::panel::run(*options);
+    } catch (const velt::RuntimeError& error) {
+        std::fprintf(stderr, "velt-panel: %s\n", error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include "panel/velt/command.h"
+
+#include <array>
+
+namespace velt::cli {
+
+extern const Command tablesCommand;
+extern const Command sqlCommand;
+
+std::span<const Command* const> commands() {
+    static constexpr std::array all = {&tablesCommand, &sqlCommand};
+    return all;
+}
+
+}  // namespace velt::cli
