@@ -6,10 +6,9 @@
 namespace velt::cli {
 
 extern const Command tablesCommand;
-extern const Command sqlCommand;
 
 std::span<const Command* const> commands() {
-    static constexpr std::array all = {&tablesCommand, &sqlCommand};
+    static constexpr std::array all = {&tablesCommand};
     return all;
 }
 

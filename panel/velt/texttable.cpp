@@ -32,8 +32,8 @@ void writeLine(Output& output, const std::vector<Cell>& cells,
     for (std::size_t column = 0; column < cells.size(); ++column) {
         const std::string padding(widths[column] - widthOf(cells[column].text), ' ');
         if (column > 0) line += "  ";
-        line += cells[column].toTheRight ? padding + cells[column].text
-                                         : cells[column].text + padding;
+        line +=
+            cells[column].toTheRight ? padding + cells[column].text : cells[column].text + padding;
     }
     line.erase(line.find_last_not_of(' ') + 1);
     output.write(line + '\n');
