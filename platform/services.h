@@ -8,6 +8,9 @@
 #include "platform/filesystem.h"
 #include "platform/locale.h"
 #include "platform/messagebox.h"
+#include "platform/opc.h"
+#include "platform/runtimeclient.h"
+#include "platform/runtimeerror.h"
 #include "platform/settings.h"
 
 namespace velt {
@@ -25,6 +28,11 @@ public:
     virtual Clock& clock() = 0;
     virtual Dispatcher& dispatcher() = 0;
     virtual const Locale& locale() = 0;
+    /// A process without OPC or without a runtime need not offer these: RuntimeError 91 then.
+    virtual OPCServerFactory& opcServers() { throw RuntimeError(ErrorNumber::ObjectNotSet); }
+    virtual RuntimeClientFactory& runtimeClients() {
+        throw RuntimeError(ErrorNumber::ObjectNotSet);
+    }
 };
 
 }  // namespace velt
