@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/access/jet/textcodec.h"
+
+#include "adapters/access/jet/windows1252.h"
+
+#include <algorithm>
+
+namespace velt::jet {
+namespace {
+
+constexpr char32_t Replacement = 0xFFFD;
+
+void appendUtf8(char32_t c, std::string& out) {
+    const auto put = [&out](char32_t byte) { out.push_back(static_cast<char>(byte)); };
+    if (c < 0x80) {
+        put(c);
+    } else if (c < 0x800) {
+        put(0xC0 | c >> 6);
+        put(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+        put(0xE0 | c >> 12);
+        put(0x80 | (c >> 6 & 0x3F));
+        put(0x80 | (c & 0x3F));
+    } else {
+        put(0xF0 | c >> 18);
+        put(0x80 | (c >> 12 & 0x3F));
+        put(0x80 | (c >> 6 & 0x3F));
+        put(0x80 | (c & 0x3F));
+    }
+}
+
+/// True when every byte is 1..127, in words of eight: a byte of 0 or above 127 has a high bit in
+/// `(w - 01..01) | w` (a borrow can only come from a byte that is 0 itself).
+bool isPlain(Bytes bytes) {
+    const std::uint8_t* p = bytes.data();
+    std::size_t left = bytes.size();
+    std::uint64_t bad = 0;
+    for (; left >= 8; left -= 8, p += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, p, 8);
+        bad |= (word - 0x0101010101010101ULL) | word;
+    }
+    bad &= 0x8080808080808080ULL;
+    for (; left > 0; --left, ++p) bad |= static_cast<std::uint64_t>(*p == 0 || *p > 127);
+    return bad == 0;
+}
+
+std::string_view asText(Bytes bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+/// Takes UTF-16 units one by one; a surrogate waits for its other half.
+class Utf16Sink {
+public:
+    explicit Utf16Sink(std::string& out) : out_(out) {}
+    void unit(char16_t u) {
+        if (high_ != 0) {
+            if (u >= 0xDC00 && u < 0xE000) {
+                appendUtf8(0x10000 + ((static_cast<char32_t>(high_) - 0xD800) << 10) + (u - 0xDC00),
+                           out_);
+                high_ = 0;
+                return;
+            }
+            end();
+        }
+        if (u >= 0xD800 && u < 0xDC00)
+            high_ = u;
+        else
+            appendUtf8(u >= 0xDC00 && u < 0xE000 ? Replacement : u, out_);
+    }
+    void end() {
+        if (high_ != 0) appendUtf8(Replacement, out_);
+        high_ = 0;
+    }
+
+private:
+    std::string& out_;
+    char16_t high_ = 0;
+};
+
+void decodePlainUtf16(Bytes stored, Utf16Sink& sink) {
+    std::size_t i = 0;
+    for (; i + 1 < stored.size(); i += 2) sink.unit(u16At(&stored[i]));
+    if (i < stored.size()) sink.unit(static_cast<char16_t>(Replacement));
+}
+
+/// One byte per character; each 0 byte switches to UTF-16 and back.
+void decodeCompressed(Bytes stored, Utf16Sink& sink) {
+    bool compressed = true;
+    for (std::size_t i = 0; i < stored.size();) {
+        if (stored[i] == 0) {
+            compressed = !compressed;
+            ++i;
+        } else if (compressed) {
+            sink.unit(stored[i]);
+            ++i;
+        } else if (i + 1 < stored.size()) {
+            sink.unit(u16At(&stored[i]));
+            i += 2;
+        } else {
+            sink.unit(static_cast<char16_t>(Replacement));
+            ++i;
+        }
+    }
+}
+
+bool isLatinCapital(unsigned char lead, unsigned char trail) {
+    return lead == 0xC3 && trail >= 0x80 && trail <= 0x9E && trail != 0x97;
+}
+
+/// The name with its Latin capitals made small, byte by byte (both cases are equally long).
+std::string folded(std::string_view name) {
+    std::string result(name);
+    for (std::size_t i = 0; i < result.size(); ++i) {
+        const auto c = static_cast<unsigned char>(result[i]);
+        const bool capital =
+            (c >= 'A' && c <= 'Z') ||
+            (i > 0 && isLatinCapital(static_cast<unsigned char>(result[i - 1]), c));
+        if (capital) result[i] = static_cast<char>(c + 0x20);
+    }
+    return result;
+}
+
+}  // namespace
+
+std::string_view decodeText(Bytes stored, TextEncoding encoding, std::string& buffer) {
+    if (encoding == TextEncoding::Windows1252) {
+        if (isPlain(stored)) return asText(stored);
+        buffer.clear();
+        for (const std::uint8_t byte : stored) appendUtf8(windows1252ToUnicode(byte), buffer);
+        return buffer;
+    }
+    const bool compressed = stored.size() >= 2 && stored[0] == 0xFF && stored[1] == 0xFE;
+    if (compressed) {
+        stored = stored.subspan(2);
+        if (isPlain(stored)) return asText(stored);
+    }
+    buffer.clear();
+    Utf16Sink sink(buffer);
+    if (compressed)
+        decodeCompressed(stored, sink);
+    else
+        decodePlainUtf16(stored, sink);
+    sink.end();
+    return buffer;
+}
+
+std::string decodeText(Bytes stored, TextEncoding encoding) {
+    std::string buffer;
+    return std::string(decodeText(stored, encoding, buffer));
+}
+
+bool sameName(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && folded(a) == folded(b);
+}
+
+}  // namespace velt::jet

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/ini/inidocument.h"
+
+#include "adapters/ini/encoding.h"
+
+#include <array>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace velt::ini {
+namespace {
+
+using namespace std::string_literals;
+
+std::string afterSet(std::string_view bytes, const std::string& section, const std::string& key,
+                     const std::string& value) {
+    IniDocument document(bytes);
+    document.set(section, key, value);
+    return document.bytes();
+}
+
+struct Edit {
+    const char* what;
+    std::string before;
+    std::string section;
+    std::string key;
+    std::string value;
+    std::string after;
+};
+
+const std::vector<Edit> edits = {
+    {"empty file", "", "S", "k", "v", "[S]\nk=v\n"},
+    {"a changed value keeps all around it",
+     "; testa\n\n[S]\n# nota\nk = 1  \nrottame\nk=doppia\n\n[T]\nk=9\n", "S", "k", "2",
+     "; testa\n\n[S]\n# nota\nk = 2\nrottame\nk=doppia\n\n[T]\nk=9\n"},
+    {"the same value keeps even the blanks", "[S]\nk = \"1\"  \n", "S", "k", "1",
+     "[S]\nk = \"1\"  \n"},
+    {"a new key follows the section's last key", "[S]\na=1\n\n; di T\n[T]\nb=2\n", "S", "n", "3",
+     "[S]\na=1\nn=3\n\n; di T\n[T]\nb=2\n"},
+    {"a section in two blocks grows in the first", "[S]\na=1\n[T]\n[S]\nb=2\n", "S", "n", "3",
+     "[S]\na=1\nn=3\n[T]\n[S]\nb=2\n"},
+    {"the second block's key is changed where it is", "[S]\na=1\n[T]\n[S]\nb=2\n", "S", "b", "3",
+     "[S]\na=1\n[T]\n[S]\nb=3\n"},
+    {"sections are case-sensitive", "[s]\nk=1\n", "S", "k", "2", "[s]\nk=1\n\n[S]\nk=2\n"},
+    {"keys are case-sensitive", "[S]\nK=1\n", "S", "k", "2", "[S]\nK=1\nk=2\n"},
+    {"CRLF stays", "[S]\r\na=1\r\n", "S", "n", "2", "[S]\r\na=1\r\nn=2\r\n"},
+    {"mixed line ends stay", "[S]\r\na=1\nb=2\r\n", "S", "a", "5", "[S]\r\na=5\nb=2\r\n"},
+    {"a missing last line end stays", "[S]\na=1", "S", "a", "2", "[S]\na=2"},
+    {"a missing last line end is made up", "[S]\r\na=1", "S", "n", "2", "[S]\r\na=1\r\nn=2\r\n"},
+    {"the mark stays", "\xEF\xBB\xBF[S]\nk=1\n", "S", "k", "è", "\xEF\xBB\xBF[S]\nk=è\n"},
+    {"keys before any section", "; c\na=1\n[S]\nb=2\n", "", "n", "3", "; c\na=1\nn=3\n[S]\nb=2\n"},
+    {"no blank line is doubled", "[S]\na=1\n\n", "T", "b", "2", "[S]\na=1\n\n[T]\nb=2\n"},
+    {"a commented key is no key", "[S]\n;k=1\n#k=1\n", "S", "k", "2", "[S]\nk=2\n;k=1\n#k=1\n"},
+    {"a header without its bracket", "[S]\na=1\n[T\nk=1\n", "S", "k", "2",
+     "[S]\na=1\nk=2\n[T\nk=1\n"},
+    {"Windows-1252 stays", "[S]\nCitt\xE0=Forl\xEC\n", "S", "Città", "Cefalù €",
+     "[S]\nCitt\xE0=Cefal\xF9 \x80\n"},
+    {"Windows-1252 gives way to UTF-8", "; Forl\xEC\n[S]\nk=1\n", "S", "k", "Łódź",
+     "\xEF\xBB\xBF; Forlì\n[S]\nk=Łódź\n"},
+    {"Windows-1252 that would read as UTF-8", "; Forl\xEC\n[S]\nk=1\n", "S", "k", "Ã¨",
+     "\xEF\xBB\xBF; Forlì\n[S]\nk=Ã¨\n"},
+    {"a damaged line under a mark", "\xEF\xBB\xBF[S]\nx\xE8=1\nk=2\n", "S", "xè", "Łódź",
+     "\xEF\xBB\xBF[S]\nxè=Łódź\nk=2\n"},
+};
+
+TEST(IniDocument, ChangesNothingButTheLineOfTheKey) {
+    for (const Edit& edit : edits) {
+        SCOPED_TRACE(edit.what);
+        const std::string after = afterSet(edit.before, edit.section, edit.key, edit.value);
+        EXPECT_EQ(after, edit.after);
+        EXPECT_EQ(IniDocument(after).get(edit.section, edit.key), edit.value);
+    }
+}
+
+struct Foreign {
+    std::string line;
+    std::string value;
+};
+
+TEST(IniDocument, ReadsWhatOtherProgramsWrite) {
+    const std::vector<Foreign> lines = {
+        {"k=C:\\nuovo\\test", "C:\\nuovo\\test"},
+        {"k=\"C:\\nuovo\\\"", "C:\\nuovo\\"},
+        {"  k\t= due parole \t", "due parole"},
+        {"k='singole'", "singole"},
+        {"k=\"aperta", "\"aperta"},
+        {"k=\"", "\""},
+        {"k=\"uno\" e \"due\" o", "\"uno\" e \"due\" o"},
+        {"k=a=b;c#d", "a=b;c#d"},
+        {"k=", ""},
+        {"k=50%", "50%"},
+        {"k=%\"50%\"", "50%"},
+        {"k=prima\nk=seconda", "prima"},
+        {"k=a\tb\r", "a\tb"},
+        {"\"k\"=x", "x"},
+    };
+    for (const Foreign& foreign : lines)
+        EXPECT_EQ(IniDocument("[ S ] ; nota\n" + foreign.line + "\n").get("S", "k"), foreign.value)
+            << foreign.line;
+}
+
+TEST(IniDocument, WritesPlainTextsPlainly) {
+    for (const char* value : {"", "RTU01", "due parole", "a=b", "; x", "# x", "[x]", "C:\\n\\t",
+                              "è già \"così\"", "100%", "-1"})
+        EXPECT_EQ(afterSet("[S]\n", "S", "k", value), "[S]\nk="s + value + "\n");
+    EXPECT_EQ(afterSet("[S]\n", "S", "k", " x "), "[S]\nk=\" x \"\n");
+    EXPECT_EQ(afterSet("[S]\n", "S", "k", "\"x\""), "[S]\nk=\"\"x\"\"\n");
+    EXPECT_EQ(afterSet("[S]\n", "S", "k", "a\r\nb=50%"), "[S]\nk=%\"a%0D%0Ab=50%25\"\n");
+}
+
+/// Whatever stands in a file, whatever is written, under whatever names: it reads back, and what
+/// stood there before can still be read.
+TEST(IniDocument, EveryTextReadsBackFromEveryFile) {
+    const std::vector<std::string> pieces = {"",
+                                             " ",
+                                             "\t",
+                                             "\n",
+                                             "\r",
+                                             "\"",
+                                             "'",
+                                             ";",
+                                             "#",
+                                             "=",
+                                             "[",
+                                             "]",
+                                             "%",
+                                             "%0A",
+                                             "%\"",
+                                             "a",
+                                             "Z",
+                                             "\0"s,
+                                             "\x1A",
+                                             "\xE8",
+                                             "\xC3",
+                                             "\\",
+                                             "è",
+                                             "\x80",
+                                             "\xFF",
+                                             "Ł",
+                                             "Ã¨",
+                                             "\xEF\xBB\xBF",
+                                             "\xF0\x9F\x9A\xB0",
+                                             "k=v",
+                                             "\n[S]\n",
+                                             "S",
+                                             "k"};
+    std::mt19937 random(20060314);
+    const auto text = [&](std::size_t most) {
+        std::string result;
+        for (auto n = random() % (most + 1); n > 0; --n) result += pieces[random() % pieces.size()];
+        return result;
+    };
+    for (int round = 0; round < 20000; ++round) {
+        const std::string bytes = text(12);
+        const std::string section = text(2);
+        const std::string key = text(2);
+        const std::string value = text(4);
+        IniDocument document(bytes);
+        ASSERT_EQ(document.bytes(), bytes);
+        const auto other = document.get("S", "k");
+        document.set(section, key, value);
+        const std::string written = document.bytes();
+        const IniDocument again(written);
+        ASSERT_EQ(again.get(section, key), value) << testing::PrintToString(written);
+        ASSERT_EQ(document.get(section, key), value);
+        if (section != "S" || key != "k") {
+            ASSERT_EQ(again.get("S", "k"), other) << testing::PrintToString(written);
+        }
+        document.set(section, key, value);
+        ASSERT_EQ(document.bytes(), written) << "a second time changes nothing";
+    }
+}
+
+TEST(IniDocument, HoldsManyKeysAndHugeLines) {
+    IniDocument document("[S]\n" + std::string(3'000'000, 'x') + "\n");
+    for (int i = 0; i < 20000; ++i) document.set("S", "List" + std::to_string(i), "1");
+    document.set("S", "lunga", std::string(3'000'000, '%'));
+    const IniDocument again(document.bytes());
+    EXPECT_EQ(again.get("S", "List19999"), "1");
+    EXPECT_EQ(again.get("S", "lunga"), std::string(3'000'000, '%'));
+}
+
+TEST(Encoding, EveryByteOfTheCodePageHasAWayBack) {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+    const std::string text = fromWindows1252(all);
+    EXPECT_TRUE(isUtf8(text));
+    EXPECT_EQ(toWindows1252(text), all);
+    EXPECT_EQ(fromWindows1252("\x80\x93\xE0"), "€“à");
+}
+
+TEST(Encoding, RefusesWhatIsNotUtf8) {
+    for (const char* bytes :
+         {"\x80", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
+          "\xF5\x80\x80\x80", "\xC3", "\xE2\x82", "a\xE8z", "\xF0\x9F\x9A"})
+        EXPECT_FALSE(isUtf8(bytes)) << testing::PrintToString(bytes);
+    for (const char* bytes : {"", "a", "è", "€", "\xF0\x9F\x9A\xB0", "\xEF\xBF\xBF"})
+        EXPECT_TRUE(isUtf8(bytes)) << bytes;
+}
+
+}  // namespace
+}  // namespace velt::ini

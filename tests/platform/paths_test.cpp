@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "platform/paths.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+
+namespace velt {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Paths : public ::testing::Test {
+protected:
+    Paths() {
+        std::string name = (fs::temp_directory_path() / "velt-paths-XXXXXX").string();
+        folder_ = ::mkdtemp(name.data());
+    }
+    ~Paths() override {
+        std::error_code ignored;
+        fs::remove_all(folder_, ignored);
+    }
+
+    void makeFile(const std::string& name) {
+        fs::create_directories((folder_ / name).parent_path());
+        std::ofstream(folder_ / name) << "x";
+    }
+    /// What `name` below the folder resolves to, relative to the folder; "-" for nothing.
+    std::string resolved(const std::string& name) const {
+        const auto path = resolvePath(folder_.string() + "/" + name);
+        return path ? path->lexically_relative(folder_).string() : "-";
+    }
+
+    fs::path folder_;
+};
+
+TEST_F(Paths, FindWhatAWindowsPathMeans) {
+    makeFile("Dati/rtu01.mdb");
+    makeFile("Dati/RTU02.mdb");
+    makeFile("Dati/rtu02.mdb");
+    makeFile("Dati/Città.mdb");
+    makeFile("Dati/a×b.mdb");
+    const std::pair<const char*, const char*> cases[] = {
+        {"Dati/rtu01.mdb", "Dati/rtu01.mdb"},
+        {"Dati\\rtu01.mdb", "Dati/rtu01.mdb"},
+        {"dati\\RTU01.MDB", "Dati/rtu01.mdb"},
+        {"Dati//rtu01.mdb", "Dati/rtu01.mdb"},
+        {"DATI/../dati/./Rtu01.Mdb", "Dati/rtu01.mdb"},
+        {"dati/rtu02.mdb", "Dati/rtu02.mdb"},  // the exact name wins over the other spelling
+        {"dati/Rtu02.Mdb", "Dati/RTU02.mdb"},  // neither is exact: the first in byte order
+        {"DATI\\CITTÀ.MDB", "Dati/Città.mdb"},
+        {"Dati/a÷b.mdb", "-"},  // the signs between the accented letters have no case
+        {"DATI\\", "Dati"},
+        {"Dati/rtu03.mdb", "-"},
+        {"Dati/rtu01.mdb/x", "-"},
+        {"Altro/rtu01.mdb", "-"},
+    };
+    for (const auto& [name, expected] : cases) EXPECT_EQ(resolved(name), expected) << name;
+}
+
+TEST_F(Paths, RelativePathsStartAtTheCurrentFolder) {
+    makeFile("Uno.txt");
+    const fs::path before = fs::current_path();
+    fs::current_path(folder_);
+    const auto found = resolvePath("uno.TXT");
+    fs::current_path(before);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(*found, "Uno.txt");
+}
+
+TEST_F(Paths, NothingComesOfHopelessNames) {
+    EXPECT_FALSE(resolvePath(""));
+    EXPECT_FALSE(resolvePath(std::string("a\0b", 3)));
+    EXPECT_FALSE(resolvePath(folder_.string() + "/" + std::string(100'000, 'x')));
+}
+
+}  // namespace
+}  // namespace velt
