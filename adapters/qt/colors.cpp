@@ -37,4 +37,8 @@ QColor toQColor(OleColor color, const QPalette& palette) {
                            static_cast<int>(color >> 16 & 0xFF));
 }
 
+OleColor toOleColor(const QColor& color) {
+    return static_cast<OleColor>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
 }  // namespace velt::qt

@@ -11,4 +11,6 @@ namespace velt::qt {
 /// A system colour is taken from `palette`; an unknown one reads as the window's colour.
 [[nodiscard]] QColor toQColor(OleColor color, const QPalette& palette);
 
+[[nodiscard]] OleColor toOleColor(const QColor& color);
+
 }  // namespace velt::qt
