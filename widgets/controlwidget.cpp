@@ -4,6 +4,7 @@
 #include "adapters/qt/colors.h"
 #include "adapters/qt/text.h"
 #include "adapters/standard/standardservices.h"
+#include "widgets/internal/edges.h"
 #include "widgets/internal/livecontrol.h"
 
 #include <QApplication>
@@ -76,6 +77,7 @@ bool ControlWidget::event(QEvent* event) {
 void ControlWidget::goLive() {
     if (live_) return;
     live_ = makeLogic(services_ ? *services_ : standardServices());
+    keepEdgesVisible(*this);
     live_->logic().PropertyChanged.subscribe([this, live = live_.get()](const std::string& name) {
         if (!live->isClosed()) emit propertyChanged(qt::toQt(name));
     });
@@ -97,6 +99,11 @@ void ControlWidget::showEvent(QShowEvent* event) {
                 live_->hostCall([live = live_.get()] { live->logic().Show(); });
         },
         Qt::QueuedConnection);
+}
+
+void ControlWidget::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) keepEdgesVisible(*this);
 }
 
 void ControlWidget::keyPressEvent(QKeyEvent* event) {

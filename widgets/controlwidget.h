@@ -77,6 +77,7 @@ protected:
     void readSource(const QString& value);
 
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
 

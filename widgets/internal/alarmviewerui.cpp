@@ -8,8 +8,9 @@
 namespace velt::ui {
 namespace {
 
-constexpr int ListHeight = 96;  // pixels: four stations
-constexpr int ListWidth = 170;
+constexpr int ListHeight = 100;  // pixels: five stations
+constexpr int ListWidth = 180;   // the column's width and a scroll bar
+constexpr int ButtonWidth = 130;
 constexpr int GridHeight = 110;  // the header and four rows
 
 template <typename Widget, typename... Args>
@@ -22,6 +23,7 @@ Widget* make(const char* name, Args&&... args) {
 QPushButton* plainButton(QPushButton* button) {
     // In a dialog Enter would press the first button otherwise.
     button->setAutoDefault(false);
+    button->setMinimumWidth(ButtonWidth);
     return button;
 }
 
@@ -70,26 +72,28 @@ AlarmViewerUi::AlarmViewerUi(QWidget* face)
     dg->setAccessibleName(QStringLiteral("Allarmi"));
     dg->setAlternatingRowColors(true);
     dg->setEmptyText(QStringLiteral("Nessun allarme corrisponde alle condizioni."));
-    dg->setMinimumHeight(GridHeight);
     auto* area = new GridArea(
         dg, QStringLiteral("Premere \"Aggiorna Dati\" per leggere gli allarmi."), face);
 
-    auto* buttons = new QVBoxLayout;
-    buttons->addWidget(cmdAggiornaVRX);
-    buttons->addStretch();
-    buttons->addWidget(cmdAggiornaDati);
+    area->setMinimumHeight(GridHeight);
 
-    auto* filters = new QHBoxLayout;
     auto* conditions = new QVBoxLayout;
     conditions->addWidget(makePeriod());
     conditions->addWidget(makeAlarm());
+    auto* buttons = new QVBoxLayout;
+    buttons->addWidget(cmdSeleziona);
+    buttons->addWidget(cmdDeseleziona);
+    buttons->addWidget(cmdAggiornaVRX);
+    buttons->addStretch();
+    buttons->addWidget(cmdAggiornaDati);
+    auto* filters = new QHBoxLayout;
     filters->addLayout(conditions);
     filters->addWidget(makeStations(), 1);
     filters->addLayout(buttons);
 
-    // Children come into the order of the Tab key as they get their parent.
     auto* layout = new QVBoxLayout(face);
     layout->setContentsMargins(6, 6, 6, 6);
+    layout->setSizeConstraint(QLayout::SetMinimumSize);  // also on a form without a layout
     layout->addLayout(filters);
     layout->addWidget(area, 1);
     layout->addWidget(Adodc);
@@ -129,13 +133,11 @@ QWidget* AlarmViewerUi::makeAlarm() {
 QWidget* AlarmViewerUi::makeStations() {
     lvVRX->setAccessibleName(QStringLiteral("Stazioni RTU"));
     lvVRX->setMinimumSize(ListWidth, ListHeight);
+    // As high as the conditions beside it: the rest is for the grid.
+    lvVRX->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     auto* frame = make<QGroupBox>("frmStazioni", QStringLiteral(" Stazioni RTU "));
-    auto* layout = new QGridLayout(frame);
-    layout->addWidget(lvVRX, 0, 0, 3, 1);
-    layout->addWidget(cmdSeleziona, 0, 1);
-    layout->addWidget(cmdDeseleziona, 1, 1);
-    layout->setColumnStretch(0, 1);
-    layout->setRowStretch(2, 1);
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(lvVRX);
     return frame;
 }
 
