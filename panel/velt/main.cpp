@@ -34,8 +34,8 @@ int show(std::string_view text) {
 }
 
 const Command& commandOf(std::string_view name) {
-    const auto found = std::ranges::find(commands(), name,
-                                         [](const Command* command) { return command->name; });
+    const auto found =
+        std::ranges::find(commands(), name, [](const Command* command) { return command->name; });
     if (found == commands().end()) throw UsageError("unknown command " + std::string(name));
     return **found;
 }

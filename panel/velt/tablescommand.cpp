@@ -70,12 +70,12 @@ std::uint64_t countRows(const jet::Table& table) {
     while (cursor.next()) ++rows;
     if (cursor.unreadableRows() > 0)
         std::cerr << "velt: warning: " << printable(table.name()) << ": "
-                  << cursor.unreadableRows() << " rows cannot be read\n";
+                  << rowsText(cursor.unreadableRows()) << " could not be read\n";
     return rows;
 }
 
 void writeText(Output& output, const jet::Table& table, jet::Version version) {
-    output.write(printable(table.name()) + ": " + std::to_string(countRows(table)) + " rows\n");
+    output.write(printable(table.name()) + ": " + rowsText(countRows(table)) + '\n');
     std::size_t widest = 0;
     for (const jet::Column& column : table.columns())
         widest = std::max(widest, widthOf(printable(column.name)));
@@ -99,7 +99,7 @@ void run(const CommandLine& line) {
         try {
             const jet::Table table = database->table(name);
             if (csv)
-                writeCsvRecord(output, {table.name(), static_cast<double>(countRows(table)),
+                writeCsvRecord(output, {table.name(), std::to_string(countRows(table)),
                                         static_cast<std::int32_t>(table.columns().size())});
             else
                 writeText(output, table, database->version());
@@ -110,13 +110,11 @@ void run(const CommandLine& line) {
         }
     }
     output.finish();
-    if (damaged)
-        throw RuntimeError(ErrorNumber::UnknownFileFormat, "not all tables could be read");
+    if (damaged) throw RuntimeError(ErrorNumber::UnknownFileFormat, "not all tables could be read");
 }
 
 }  // namespace
 
-constexpr Command tablesCommand{"tables", "list the tables of an Access file", help, options,
-                                run};
+constexpr Command tablesCommand{"tables", "list the tables of an Access file", help, options, run};
 
 }  // namespace velt::cli

@@ -4,7 +4,6 @@
 #include "panel/velt/valuetext.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <vector>
 
 namespace velt::cli {
@@ -32,8 +31,8 @@ void writeLine(Output& output, const std::vector<Cell>& cells,
     for (std::size_t column = 0; column < cells.size(); ++column) {
         const std::string padding(widths[column] - widthOf(cells[column].text), ' ');
         if (column > 0) line += "  ";
-        line += cells[column].toTheRight ? padding + cells[column].text
-                                         : cells[column].text + padding;
+        line +=
+            cells[column].toTheRight ? padding + cells[column].text : cells[column].text + padding;
     }
     line.erase(line.find_last_not_of(' ') + 1);
     output.write(line + '\n');
@@ -67,6 +66,10 @@ std::size_t widthOf(std::string_view text) {
     return static_cast<std::size_t>(std::ranges::count_if(text, startsCharacter));
 }
 
+std::string rowsText(std::uint64_t count) {
+    return std::to_string(count) + (count == 1 ? " row" : " rows");
+}
+
 void writeTextTable(Output& output, const RowSet& rows) {
     std::vector<Cell> cells(rows.columnCount());
     std::vector<std::size_t> widths(cells.size());
@@ -86,8 +89,7 @@ void writeTextTable(Output& output, const RowSet& rows) {
             cells[column] = cellOf(rows.value(row, column));
         writeLine(output, cells, widths);
     }
-    output.write("(" + std::to_string(rows.rowCount()) +
-                 (rows.rowCount() == 1 ? " row)\n" : " rows)\n"));
+    output.write("(" + rowsText(rows.rowCount()) + ")\n");
 }
 
 }  // namespace velt::cli

@@ -6,17 +6,26 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <type_traits>
 #include <variant>
 
 namespace velt::cli {
 namespace {
 
+/// With an exponent only where there would be many zeros.
 template <typename Number>
 std::string shortest(Number number) {
     std::array<char, 64> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
-    return {buffer.data(), end};
+    char* const start = buffer.data();
+    if constexpr (std::is_floating_point_v<Number>) {
+        const Number size = std::abs(number);
+        const bool plain = size == 0 || (size >= Number(1e-5) && size < Number(1e16));
+        const auto form = plain ? std::chars_format::fixed : std::chars_format::general;
+        return {start, std::to_chars(start, start + buffer.size(), number, form).ptr};
+    } else {
+        return {start, std::to_chars(start, start + buffer.size(), number).ptr};
+    }
 }
 
 }  // namespace

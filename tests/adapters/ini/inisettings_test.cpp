@@ -2,7 +2,8 @@
 #include "adapters/ini/inisettings.h"
 
 #include "adapters/ini/settingsfile.h"
-#include "tests/adapters/ini/temporaryfolder.h"
+#include "tests/filebytes.h"
+#include "tests/tempfolder.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -23,6 +24,8 @@ namespace {
 
 using namespace std::string_literals;
 namespace fs = std::filesystem;
+using test::bytesOf;
+using test::writeBytes;
 
 const Date present = Date::fromFields({2006, 4, 18, 7, 30, 0, 250});
 
@@ -59,7 +62,7 @@ protected:
         return WIFEXITED(status) && WEXITSTATUS(status) == 0;
     }
 
-    TemporaryFolder folder_;
+    TempFolder folder_;
     FixedClock clock_;
     std::vector<std::string> log_;
     IniSettingsFactory factory_{
