@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/qt/qtlistview.h"
+
+#include "adapters/qt/gridstyle.h"
+#include "adapters/qt/indices.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace velt::qt {
+
+QtListView::QtListView(GatedControl& control, QTableView* view) : view_(view) {
+    view->setModel(&model_);
+    setUpRows(*view);
+    view->horizontalHeader()->hide();
+    view->setShowGrid(false);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->viewport()->installEventFilter(this);
+    fitColumn();
+    connect(view, &QTableView::doubleClicked, this,
+            [this, &control] { control.operatorInput([this] { DblClick.raise(); }); });
+}
+
+QtListView::~QtListView() {
+    if (view_) view_->setModel(nullptr);
+}
+
+void QtListView::Add(const std::string& key, const std::string& text) {
+    if (!model_.add(key, text)) throw RuntimeError(ErrorNumber::KeyInUse);
+}
+
+std::string QtListView::Text(int row) const { return elementAt(model_.rows(), row - 1).text; }
+
+std::string QtListView::Key(int row) const { return elementAt(model_.rows(), row - 1).key; }
+
+int QtListView::RowOf(const std::string& key) const { return model_.rowOf(key) + 1; }
+
+bool QtListView::Checked(int row) const { return elementAt(model_.rows(), row - 1).checked; }
+
+void QtListView::Checked(int row, bool checked) {
+    elementAt(model_.rows(), row - 1);
+    model_.check(row - 1, checked);
+}
+
+int QtListView::SelectedItem() const {
+    if (!view_) return 0;
+    const QModelIndexList rows = view_->selectionModel()->selectedRows();
+    return rows.isEmpty() ? 0 : rows.first().row() + 1;
+}
+
+void QtListView::AdjustColumns(int minimum, int column) {
+    if (column != 0) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    minimumWidth_ = minimum;
+    fitColumn();
+}
+
+void QtListView::fitColumn() {
+    if (view_) view_->setColumnWidth(0, std::max(minimumWidth_, view_->viewport()->width()));
+}
+
+bool QtListView::isOnCheckBox(const QPoint& position) const {
+    const QModelIndex index = view_->indexAt(position);
+    if (!index.isValid()) return false;
+    QStyleOptionViewItem option;
+    option.initFrom(view_);
+    option.rect = view_->visualRect(index);
+    option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+    return view_->style()
+        ->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, view_)
+        .contains(position);
+}
+
+bool QtListView::eventFilter(QObject* watched, QEvent* event) {
+    if (!view_) return false;
+    switch (event->type()) {
+        case QEvent::Resize: fitColumn(); break;
+        case QEvent::MouseButtonDblClick:
+            // On the check box itself its first click has toggled the mark: the second one would
+            // take that back at once, here and again in the logic.
+            ignoreRelease_ = isOnCheckBox(static_cast<QMouseEvent*>(event)->pos());
+            if (ignoreRelease_) return true;
+            break;
+        case QEvent::MouseButtonRelease:
+            if (std::exchange(ignoreRelease_, false)) return true;
+            break;
+        default: break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace velt::qt

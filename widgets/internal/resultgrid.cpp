@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/internal/resultgrid.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace velt::ui {
+
+void ResultGrid::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (!model() || model()->columnCount() == 0 || model()->rowCount() > 0) return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+GridArea::GridArea(ResultGrid* grid, const QString& hint, QWidget* parent) : QWidget(parent) {
+    auto* label = new QLabel(hint, this);
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    label->setFrameShape(QFrame::StyledPanel);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    hint_ = label;
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(hint_);
+    layout->addWidget(grid);
+    grid->hide();
+    grid->installEventFilter(this);
+}
+
+bool GridArea::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShowToParent) hint_->hide();
+    if (event->type() == QEvent::HideToParent) hint_->show();
+    return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace velt::ui

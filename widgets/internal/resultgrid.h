@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTableView>
+
+namespace velt::ui {
+
+/// A table that says so when a query had no result.
+class ResultGrid : public QTableView {
+    Q_OBJECT
+
+public:
+    using QTableView::QTableView;
+    void setEmptyText(const QString& text) { emptyText_ = text; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString emptyText_;
+};
+
+/// The place of a grid: shows a hint as long as the grid is invisible.
+class GridArea : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Takes the grid, and hides it.
+    GridArea(ResultGrid* grid, const QString& hint, QWidget* parent = nullptr);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* hint_;
+};
+
+}  // namespace velt::ui
