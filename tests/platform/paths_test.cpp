@@ -46,7 +46,7 @@ TEST_F(Paths, FindWhatAWindowsPathMeans) {
         {"Dati\\rtu01.mdb", "Dati/rtu01.mdb"},
         {"dati\\RTU01.MDB", "Dati/rtu01.mdb"},
         {"Dati//rtu01.mdb", "Dati/rtu01.mdb"},
-        {"DATI/../dati/./Rtu01.Mdb", "Dati/rtu01.mdb"},
+        {"DATI/../dati/./Rtu01.Mdb", "Dati/../Dati/./rtu01.mdb"},
         {"dati/rtu02.mdb", "Dati/rtu02.mdb"},  // the exact name wins over the other spelling
         {"dati/Rtu02.Mdb", "Dati/RTU02.mdb"},  // neither is exact: the first in byte order
         {"DATI\\CITTÀ.MDB", "Dati/Città.mdb"},

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/access/conditions.h"
+
+#include "adapters/access/enclosed.h"
+
+#include <array>
+#include <cstdio>
+
+namespace velt::access {
+namespace {
+
+std::string literal(const Date& date) {
+    const Date::Fields f = date.fields();
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "#%04d-%02d-%02d %02d:%02d:%02d#", f.year, f.month,
+                  f.day, f.hour, f.minute, f.second);
+    return text.data();
+}
+
+Date upToWholeSecond(const Date& date) {
+    const int millisecond = date.fields().millisecond;
+    return millisecond == 0 ? date : date.addSeconds((1000 - millisecond) / 1000.0);
+}
+
+}  // namespace
+
+std::string dateCondition(const std::string& field, const std::optional<Date>& start,
+                          const std::optional<Date>& end) {
+    if (!start && !end) return "";
+    std::string condition = "(";
+    if (start) condition += field + " >= " + literal(*start);
+    if (start && end) condition += " AND ";
+    if (end) condition += field + " <= " + literal(upToWholeSecond(*end));
+    return condition + ")";
+}
+
+std::string fieldCondition(const std::string& field, const std::string& value) {
+    return field + " = " + enclosed(value, '\'');
+}
+
+}  // namespace velt::access
