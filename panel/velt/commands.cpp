@@ -6,9 +6,10 @@
 namespace velt::cli {
 
 extern const Command tablesCommand;
+extern const Command sqlCommand;
 
 std::span<const Command* const> commands() {
-    static constexpr std::array all = {&tablesCommand};
+    static constexpr std::array all = {&tablesCommand, &sqlCommand};
     return all;
 }
 

@@ -69,13 +69,13 @@ std::uint64_t countRows(const jet::Table& table) {
     std::uint64_t rows = 0;
     while (cursor.next()) ++rows;
     if (cursor.unreadableRows() > 0)
-        std::cerr << "velt: warning: " << printable(table.name()) << ": " << cursor.unreadableRows()
-                  << " rows cannot be read\n";
+        std::cerr << "velt: warning: " << printable(table.name()) << ": "
+                  << rowsText(cursor.unreadableRows()) << " could not be read\n";
     return rows;
 }
 
 void writeText(Output& output, const jet::Table& table, jet::Version version) {
-    output.write(printable(table.name()) + ": " + std::to_string(countRows(table)) + " rows\n");
+    output.write(printable(table.name()) + ": " + rowsText(countRows(table)) + '\n');
     std::size_t widest = 0;
     for (const jet::Column& column : table.columns())
         widest = std::max(widest, widthOf(printable(column.name)));

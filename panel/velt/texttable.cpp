@@ -4,7 +4,6 @@
 #include "panel/velt/valuetext.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <vector>
 
 namespace velt::cli {
@@ -67,6 +66,10 @@ std::size_t widthOf(std::string_view text) {
     return static_cast<std::size_t>(std::ranges::count_if(text, startsCharacter));
 }
 
+std::string rowsText(std::uint64_t count) {
+    return std::to_string(count) + (count == 1 ? " row" : " rows");
+}
+
 void writeTextTable(Output& output, const RowSet& rows) {
     std::vector<Cell> cells(rows.columnCount());
     std::vector<std::size_t> widths(cells.size());
@@ -86,8 +89,7 @@ void writeTextTable(Output& output, const RowSet& rows) {
             cells[column] = cellOf(rows.value(row, column));
         writeLine(output, cells, widths);
     }
-    output.write("(" + std::to_string(rows.rowCount()) +
-                 (rows.rowCount() == 1 ? " row)\n" : " rows)\n"));
+    output.write("(" + rowsText(rows.rowCount()) + ")\n");
 }
 
 }  // namespace velt::cli

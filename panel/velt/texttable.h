@@ -5,6 +5,7 @@
 #include "platform/rowset.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,9 @@ namespace velt::cli {
 
 /// Characters of a UTF-8 text, each counted as one column.
 [[nodiscard]] std::size_t widthOf(std::string_view text);
+
+/// "1 row", "2 rows".
+[[nodiscard]] std::string rowsText(std::uint64_t count);
 
 /// Writes the rows under their column names, aligned, numbers to the right, and their count.
 void writeTextTable(Output& output, const RowSet& rows);

@@ -38,7 +38,8 @@ struct Column {
     std::uint16_t fixedOffset = 0;    ///< of a fixed-length column, counted behind the row's head
     std::uint16_t length = 0;         ///< bytes
     bool fixed = false;
-    bool calculated = false;
+    bool calculated = false;     ///< by an expression; its values cannot be read
+    bool compressible = false;   ///< text may be stored in its compressed form
     std::uint8_t precision = 0;  ///< of Numeric
     std::uint8_t scale = 0;      ///< of Numeric
 };

@@ -20,12 +20,22 @@ constexpr std::uint32_t FewestPages = 3;
 
 }  // namespace
 
-std::shared_ptr<const PageReader> PageReader::open(const std::filesystem::path& path) {
+std::shared_ptr<const PageReader> PageReader::open(const std::filesystem::path& path, Mode mode) {
     // Not blocking: a pipe of that name must not hang the caller.
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    const int access = mode == Mode::Read ? O_RDONLY : O_RDWR;
+    const int file = ::open(path.c_str(), access | O_CLOEXEC | O_NONBLOCK);
     if (file < 0) throw systemError(errno, path);
     const std::shared_ptr<PageReader> reader(new PageReader(path, file));
     reader->readHeader();
+    return reader;
+}
+
+std::shared_ptr<const PageReader> PageReader::create(const std::filesystem::path& path,
+                                                     Version version) {
+    const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file < 0) throw systemError(errno, path);
+    std::shared_ptr<PageReader> reader(new PageReader(path, file));
+    reader->version_ = version;
     return reader;
 }
 

@@ -18,8 +18,13 @@ namespace velt::jet {
 /// kills its reader.
 class PageReader {
 public:
+    enum class Mode { Read, ReadWrite };
     /// RuntimeError when the file is not a readable, unencrypted Access file.
-    [[nodiscard]] static std::shared_ptr<const PageReader> open(const std::filesystem::path& path);
+    [[nodiscard]] static std::shared_ptr<const PageReader> open(const std::filesystem::path& path,
+                                                                Mode mode = Mode::Read);
+    /// A new, empty file; RuntimeError when there is one already.
+    [[nodiscard]] static std::shared_ptr<const PageReader> create(const std::filesystem::path& path,
+                                                                  Version version);
     ~PageReader();
     PageReader(const PageReader&) = delete;
     PageReader& operator=(const PageReader&) = delete;
@@ -27,6 +32,9 @@ public:
     [[nodiscard]] Version version() const { return version_; }
     [[nodiscard]] const Layout& layout() const { return layoutOf(version_); }
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+
+    /// For a writer on the same file.
+    [[nodiscard]] int descriptor() const { return file_; }
 
     /// Whole pages in the file at this moment.
     [[nodiscard]] std::uint32_t pageCount() const;

@@ -17,7 +17,9 @@ namespace velt::jet {
 struct ColumnDefinition {
     std::string name;
     ColumnType type = ColumnType::Text;
-    int textLength = 255;  ///< characters, of Text
+    int textLength = 255;  ///< characters, of Text: 1 to 255
+    int precision = 18;    ///< digits, of Numeric: 1 to 28
+    int scale = 0;         ///< decimals among them
 };
 
 /// Creates Access files and appends rows to their tables. One writer per file at a time. A reader
