@@ -91,30 +91,35 @@ bool Cursor::boolean(int index) const { return impl_->row.boolean(impl_->field(i
 
 std::int64_t Cursor::integer(int index) const {
     const Bytes value = impl_->value(index);
-    switch (value.size()) {
-        case 0: return 0;
+    if (value.empty()) return 0;
+    switch (sizeOf(impl_->field(index).type)) {
         case 1: return value[0];
         case 2: return static_cast<std::int16_t>(u16At(value.data()));
         case 4: return static_cast<std::int32_t>(u32At(value.data()));
-        default: return static_cast<std::int64_t>(u64At(value.data()));
+        case 8: return static_cast<std::int64_t>(u64At(value.data()));
+        default: return 0;
     }
 }
 
 double Cursor::real(int index) const {
     const Bytes value = impl_->value(index);
     if (value.empty()) return 0.0;
-    if (impl_->field(index).type == ColumnType::Single)
-        return static_cast<double>(std::bit_cast<float>(u32At(value.data())));
-    return std::bit_cast<double>(u64At(value.data()));
+    switch (sizeOf(impl_->field(index).type)) {
+        case 4: return static_cast<double>(std::bit_cast<float>(u32At(value.data())));
+        case 8: return std::bit_cast<double>(u64At(value.data()));
+        default: return 0.0;
+    }
 }
 
 std::string_view Cursor::text(int index) {
     switch (impl_->field(index).type) {
         case ColumnType::Memo:
-            return decodeText(impl_->longValue(index), impl_->content->encoding(), impl_->text);
+            return decodeText(impl_->longValue(index), impl_->content->format.encoding(),
+                              impl_->text);
         case ColumnType::ExtendedDate:
             return decodeText(impl_->value(index), TextEncoding::Windows1252, impl_->text);
-        default: return decodeText(impl_->value(index), impl_->content->encoding(), impl_->text);
+        default:
+            return decodeText(impl_->value(index), impl_->content->format.encoding(), impl_->text);
     }
 }
 
@@ -128,7 +133,8 @@ Bytes Cursor::bytes(int index) {
 std::string Cursor::numeric(int index) const {
     const Bytes value = impl_->value(index);
     const Column& column = impl_->content->columns[static_cast<std::size_t>(index)];
-    return value.empty() ? std::string() : numericText(value, column.scale);
+    if (column.type != ColumnType::Numeric || value.empty()) return {};
+    return numericText(value, column.scale);
 }
 
 }  // namespace velt::jet

@@ -34,7 +34,7 @@ public:
     [[nodiscard]] std::uint64_t unreadableRows() const;
 
     // The value of column `index` of Table::columns() in the current row. What is asked must fit
-    // the column's type; null reads as 0, empty or false. Any of them raises RuntimeError for a
+    // the column's type; null reads as 0, empty or false. All but isNull raise RuntimeError for a
     // calculated column, text() and bytes() also for a Memo or Ole value whose pages are damaged.
 
     [[nodiscard]] bool isNull(int index) const;

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace velt::jet {
 
@@ -17,10 +18,14 @@ inline constexpr std::size_t HeaderSize = 0xA0;
 struct Header {
     Version version;
     bool encrypted;
+    double created;  ///< date
 };
 
 /// What the first bytes of a file say; nothing when they are not those of an Access file.
 [[nodiscard]] std::optional<Header> parseHeader(Bytes start);
+
+/// The first page of a file without password that was created at `created`.
+[[nodiscard]] std::vector<std::uint8_t> makeHeader(Version version, double created);
 
 /// Applies the fixed mask of the header's middle part; applying it again takes it off.
 void maskHeader(std::span<std::uint8_t> start, Version version);

@@ -26,8 +26,11 @@ struct Layout {
     // Table definition
     std::size_t statedRowsAt;
     std::size_t kindAt;          ///< 'N' or 'S', then the counts of columns and indexes
-    std::size_t indexCountSize;  ///< bytes per real index before the columns
+    std::size_t indexCountSize;  ///< bytes per index before the columns
     std::size_t columnSize;
+    std::size_t indexSize;  ///< bytes per index behind the columns' names
+    std::size_t indexPageAt;
+    std::size_t indexSlotSize;
 
     // Column block
     std::size_t numberAt;
@@ -38,8 +41,10 @@ struct Layout {
     std::size_t lengthAt;
 };
 
-inline constexpr Layout Jet3Layout{true, 2048, 8, 10, 12, 20, 8, 18, 1, 3, 11, 13, 14, 16};
-inline constexpr Layout Jet4Layout{false, 4096, 12, 14, 16, 40, 12, 25, 5, 7, 11, 15, 21, 23};
+inline constexpr Layout Jet3Layout{true, 2048, 8, 10, 12, 20, 8,  18, 39,
+                                   34,   20,   1, 3,  11, 13, 14, 16};
+inline constexpr Layout Jet4Layout{false, 4096, 12, 14, 16, 40, 12, 25, 52,
+                                   38,    28,   5,  7,  11, 15, 21, 23};
 
 [[nodiscard]] constexpr const Layout& layoutOf(Version version) {
     return version == Version::Jet3 ? Jet3Layout : Jet4Layout;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/access/jet/format.h"
+#include "adapters/access/jet/textcodec.h"
 
 #include <cstdint>
 #include <span>
@@ -32,6 +33,10 @@ struct RowFormat {
 
     RowFormat() = default;
     RowFormat(bool isJet3, std::uint16_t variableColumns, std::span<const Column> columns);
+
+    [[nodiscard]] TextEncoding encoding() const {
+        return jet3 ? TextEncoding::Windows1252 : TextEncoding::Utf16;
+    }
 };
 
 /// Bytes of a value whose type sets them; 0 for the other types.

@@ -41,16 +41,17 @@ bool RowView::takeVariables(std::size_t end) {
 bool RowView::takeVariablesJet3(std::size_t end) {
     if (end < 1 + 1 + 1) return false;
     variables_ = row_[end - 1];
-    std::size_t jumps = (row_.size() - 1) / 256;
+    const std::size_t jumps = (row_.size() - 1) / 256;
     const std::size_t tableSize = 1 + jumps + variables_ + 1;
     if (end < 1 + tableSize) return false;
     const std::uint8_t* jump = &row_[end - 1] - 1;
     const std::uint8_t* start = &row_[end - 1] - 1 - jumps;
-    // The length alone asks for a jump that the values may not need; its byte then means nothing.
-    if ((end - tableSize) / 256 < jumps) --jumps;
+    // The row's length decides how many jumps there are; those that the values do not need mean
+    // nothing.
+    const std::size_t needed = std::min(jumps, (end - tableSize) / 256);
     std::size_t taken = 0;
     for (std::size_t i = 0; i <= variables_; ++i, --start) {
-        for (; taken < jumps && *jump == i; --jump) ++taken;
+        for (; taken < needed && *jump == i; --jump) ++taken;
         starts_[i] = static_cast<std::uint16_t>(*start + 256 * taken);
     }
     return startsAreOrdered(1, end - tableSize);

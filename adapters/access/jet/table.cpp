@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/jet/tablecontent.h"
 #include "adapters/access/jet/tabledefinition.h"
+#include "adapters/access/jet/textcodec.h"
 #include "adapters/access/jet/usagemap.h"
 
 #include <algorithm>

@@ -5,7 +5,6 @@
 #include "adapters/access/jet/layout.h"
 #include "adapters/access/jet/pagereader.h"
 #include "adapters/access/jet/rowformat.h"
-#include "adapters/access/jet/textcodec.h"
 
 #include <cstdint>
 #include <memory>
@@ -23,10 +22,6 @@ struct Table::Content {
     std::vector<Column> columns;
     RowFormat format;
     std::vector<std::uint32_t> pages;  ///< that may hold rows, ascending
-
-    [[nodiscard]] TextEncoding encoding() const {
-        return format.jet3 ? TextEncoding::Windows1252 : TextEncoding::Utf16;
-    }
 };
 
 /// Reads the definition at `page` and the map of the table's pages. Damaged or RuntimeError.

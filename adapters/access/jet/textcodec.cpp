@@ -29,22 +29,6 @@ void appendUtf8(char32_t c, std::string& out) {
     }
 }
 
-/// True when every byte is 1..127, in words of eight: a byte of 0 or above 127 has a high bit in
-/// `(w - 01..01) | w` (a borrow can only come from a byte that is 0 itself).
-bool isPlain(Bytes bytes) {
-    const std::uint8_t* p = bytes.data();
-    std::size_t left = bytes.size();
-    std::uint64_t bad = 0;
-    for (; left >= 8; left -= 8, p += 8) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, p, 8);
-        bad |= (word - 0x0101010101010101ULL) | word;
-    }
-    bad &= 0x8080808080808080ULL;
-    for (; left > 0; --left, ++p) bad |= static_cast<std::uint64_t>(*p == 0 || *p > 127);
-    return bad == 0;
-}
-
 std::string_view asText(Bytes bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
@@ -148,6 +132,22 @@ std::string_view decodeText(Bytes stored, TextEncoding encoding, std::string& bu
 std::string decodeText(Bytes stored, TextEncoding encoding) {
     std::string buffer;
     return std::string(decodeText(stored, encoding, buffer));
+}
+
+bool isPlain(Bytes bytes) {
+    const std::uint8_t* p = bytes.data();
+    std::size_t left = bytes.size();
+    std::uint64_t bad = 0;
+    // In words of eight: a byte of 0 or above 127 has its high bit set in `(w - 01..01) | w` (a
+    // borrow only comes from a byte that is 0 itself).
+    for (; left >= 8; left -= 8, p += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, p, 8);
+        bad |= (word - 0x0101010101010101ULL) | word;
+    }
+    bad &= 0x8080808080808080ULL;
+    for (; left > 0; --left, ++p) bad |= static_cast<std::uint64_t>(*p == 0 || *p > 127);
+    return bad == 0;
 }
 
 bool sameName(std::string_view a, std::string_view b) {

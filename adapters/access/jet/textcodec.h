@@ -17,6 +17,9 @@ enum class TextEncoding { Windows1252, Utf16 };
 [[nodiscard]] std::string_view decodeText(Bytes stored, TextEncoding encoding, std::string& buffer);
 [[nodiscard]] std::string decodeText(Bytes stored, TextEncoding encoding);
 
+/// True when every byte is 1..127: such text is its own UTF-8 and its own compressed form.
+[[nodiscard]] bool isPlain(Bytes bytes);
+
 /// True when two UTF-8 names differ at most in the case of Latin letters (accented ones included).
 [[nodiscard]] bool sameName(std::string_view a, std::string_view b);
 
