@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/access/jet/writer.h"
+#include "tests/filebytes.h"
+#include "tests/panel/veltprogram.h"
+#include "tests/tempfolder.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace velt::cli {
+namespace {
+
+using jet::ColumnType;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+using Row = std::vector<Variant>;
+
+const std::string neverEnding =
+    "SELECT COUNT(*) FROM Valori a, Valori b, Valori c, Valori d, Valori e, Valori f, Valori g, "
+    "Valori h, Valori i, Valori j, Valori k, Valori l, Valori m, Valori n, Valori o, Valori p";
+/// Stands in one row only, so that the row can be found in the file's bytes.
+constexpr std::int32_t landmark = 0x5A3C1E7B;
+
+class VeltTest : public testing::Test {
+protected:
+    VeltTest() {
+        jet::Writer writer = jet::Writer::create(file_);
+        writer.createTable("Valori",
+                           std::vector<jet::ColumnDefinition>{{"Numero", ColumnType::Double},
+                                                              {"Singolo", ColumnType::Single},
+                                                              {"Data", ColumnType::Date},
+                                                              {"Sì", ColumnType::Boolean},
+                                                              {"Testo", ColumnType::Text, 40}});
+        const Date date = Date::fromFields({2006, 3, 14, 7, 30, 0, 0});
+        const Date precise = Date::fromFields({1899, 12, 29, 6, 0, 0, 1});
+        const Null null;
+        const std::vector<Row> rows = {{0.1, 0.1F, date, true, "semplice"},
+                                       {1.0 / 3, 16777216.0F, precise, false, "a \"b\", c"},
+                                       {1e300, -0.5F, date, false, "due\r\nrighe"},
+                                       {1000000.0, 1e-10F, Date(1e7), true, ""},
+                                       {-9007199254740993.0, 0.0F, date, true, "\x1B[2J\tPerché €"},
+                                       {null, null, null, false, null}};
+        for (const Row& row : rows) writer.append("Valori", row);
+        writer.createTable("Altra tabella",
+                           std::vector<jet::ColumnDefinition>{{"K", ColumnType::Long}});
+        for (int i = 0; i < 99; ++i) writer.append("Altra tabella", Row{std::int32_t{i}});
+        writer.append("Altra tabella", Row{landmark});
+        writer.flush();
+    }
+
+    Outcome sql(const std::string& statement, std::vector<std::string> options = {}) {
+        options.insert(options.end(), {file_.string(), statement});
+        options.insert(options.begin(), "sql");
+        return runVelt(options);
+    }
+
+    TempFolder folder_;
+    std::filesystem::path file_ = folder_ / "Prova.mdb";
+};
+
+TEST_F(VeltTest, WritesEveryValueAsCsv) {
+    const Outcome outcome = sql("SELECT * FROM Valori");
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.error, "");
+    EXPECT_EQ(outcome.output,
+              "Numero,Singolo,Data,Sì,Testo\r\n"
+              "0.1,0.1,2006-03-14 07:30:00,1,semplice\r\n"
+              "0.3333333333333333,16777216,1899-12-29 06:00:00.001,0,\"a \"\"b\"\", c\"\r\n"
+              "1e+300,-0.5,2006-03-14 07:30:00,0,\"due\r\nrighe\"\r\n"
+              "1000000,1e-10,10000000,1,\"\"\r\n"
+              "-9007199254740992,0,2006-03-14 07:30:00,1,\x1B[2J\tPerché €\r\n"
+              ",,,0,\r\n");
+    EXPECT_EQ(sql("SELECT * FROM Valori", {"--csv"}).output, outcome.output);
+}
+
+TEST_F(VeltTest, WritesAnAlignedTable) {
+    EXPECT_EQ(sql("SELECT Numero, Testo, Sì FROM Valori WHERE Numero < 1 ORDER BY Numero DESC",
+                  {"--table"})
+                  .output,
+              "Numero              Testo                   Sì\n"
+              "------------------  ----------------------  --\n"
+              "0.3333333333333333  a \"b\", c                0\n"
+              "               0.1  semplice                 1\n"
+              " -9007199254740992  \\x1B[2J\\tPerché €         1\n"
+              "(3 rows)\n");
+    EXPECT_EQ(sql("SELECT 1 AS Uno", {"--table"}).output, "Uno\n---\n  1\n(1 row)\n");
+    EXPECT_EQ(sql("SELECT Testo FROM Valori WHERE 1 = 0", {"--table"}).output,
+              "Testo\n-----\n(0 rows)\n");
+}
+
+TEST_F(VeltTest, ATerminalGetsATable) {
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_TRUE(terminal >= 0 && grantpt(terminal) == 0 && unlockpt(terminal) == 0);
+    const std::string name = ptsname(terminal);
+    const int other = open(name.c_str(), O_RDWR | O_NOCTTY);
+    EXPECT_EQ(
+        runVelt({"sql", file_.string(), "SELECT 1 AS Uno"}, [&] { dup2(other, STDOUT_FILENO); })
+            .exitCode,
+        0);
+    std::string seen(100, '\0');
+    seen.resize(
+        static_cast<std::size_t>(std::max<ssize_t>(read(terminal, seen.data(), seen.size()), 0)));
+    EXPECT_THAT(seen, StartsWith("Uno\r\n---\r\n"));
+    close(other);
+    close(terminal);
+}
+
+TEST_F(VeltTest, ListsTables) {
+    EXPECT_EQ(runVelt({"tables", "--csv", file_.string()}).output,
+              "table,rows,columns\r\nValori,6,5\r\nAltra tabella,100,1\r\n");
+    EXPECT_EQ(runVelt({"tables", file_.string()}).output,
+              "Valori: 6 rows\n"
+              "    Numero   Double\n"
+              "    Singolo  Single\n"
+              "    Data     Date/Time\n"
+              "    Sì       Yes/No\n"
+              "    Testo    Text(40)\n"
+              "Altra tabella: 100 rows\n"
+              "    K  Long\n");
+    EXPECT_EQ(runVelt({"tables", "--csv", folder_.path().string() + "\\PROVA.MDB"}).exitCode, 0);
+}
+
+TEST_F(VeltTest, CountsRowsThatCannotBeRead) {
+    std::string bytes = test::bytesOf(file_);
+    const std::size_t row =
+        bytes.find(std::string(reinterpret_cast<const char*>(&landmark), sizeof landmark));
+    ASSERT_NE(row, std::string::npos);
+    bytes.replace(row - 2, 2, "\xFF\xFF");  // the row's count of columns
+    test::writeBytes(file_, bytes);
+
+    const Outcome tables = runVelt({"tables", "--csv", file_.string()});
+    EXPECT_THAT(tables.output, HasSubstr("\r\nAltra tabella,99,1\r\n"));
+    EXPECT_THAT(tables.error, HasSubstr("Altra tabella: 1 row could not be read"));
+    const Outcome query = sql("SELECT COUNT(K) FROM [Altra tabella]");
+    EXPECT_THAT(query.output, HasSubstr("\r\n99\r\n"));
+    EXPECT_THAT(query.error, HasSubstr("1 row could not be read"));
+}
+
+TEST_F(VeltTest, HostileStatementsAreRefused) {
+    const std::string before = test::bytesOf(file_);
+    for (const std::string& statement :
+         {"ATTACH '" + (folder_ / "altro").string() + "' AS a", std::string("PRAGMA user_version"),
+          std::string("DELETE FROM Valori"), std::string("DROP TABLE Valori"),
+          std::string("CREATE TABLE x (y)"), std::string("SELECT 1; DELETE FROM Valori"),
+          std::string("SELECT load_extension('x')"), std::string("SELECT readfile('/etc/passwd')"),
+          std::string("SELECT * FROM sqlite_master"), std::string("VACUUM INTO 'x'"), std::string(),
+          std::string(2'000'000, '('), std::string("SELECT \xFF")}) {
+        const Outcome outcome = sql(statement.substr(0, 100'000), {"--timeout", "10"});
+        EXPECT_EQ(outcome.exitCode, 1) << statement.substr(0, 80);
+        EXPECT_THAT(outcome.output, IsEmpty()) << statement.substr(0, 80);
+        EXPECT_THAT(outcome.error, StartsWith("velt: error ")) << statement.substr(0, 80);
+    }
+    EXPECT_EQ(test::bytesOf(file_), before);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path()), {}), 1);
+}
+
+TEST_F(VeltTest, AQueryEndsAtItsTimeOut) {
+    const Outcome outcome = sql(neverEnding, {"--timeout=0.2"});
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.error, HasSubstr("Tempo scaduto"));
+}
+
+TEST_F(VeltTest, AnInterruptEndsAQuery) {
+    const Outcome outcome = runVelt({"sql", file_.string(), neverEnding}, [] {
+        std::signal(SIGINT, SIG_DFL);  // a test in the background inherits it ignored
+        const pid_t program = getpid();
+        if (fork() != 0) return;
+        // Beside the program: waits until it is the program, then does what Ctrl+C does.
+        const std::string executable = "/proc/" + std::to_string(program) + "/exe";
+        std::error_code error;
+        while (std::filesystem::read_symlink(executable, error).filename() != "velt" && !error)
+            usleep(1000);
+        kill(program, SIGINT);
+        _exit(0);
+    });
+    EXPECT_EQ(outcome.exitCode, -SIGINT);
+}
+
+TEST_F(VeltTest, FilesThatCannotBeUsedAreNamed) {
+    const std::string good = test::bytesOf(file_);
+    const std::string pipe = (folder_ / "tubo").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    test::writeBytes(folder_ / "vuoto.mdb", "");
+    test::writeBytes(folder_ / "testo.mdb", std::string(10000, 'x'));
+    test::writeBytes(folder_ / "troncato.mdb", good.substr(0, 5000));
+    for (const char* name : {"manca.mdb", "", "tubo", "vuoto.mdb", "testo.mdb", "troncato.mdb"}) {
+        const std::string path = (folder_ / name).string();
+        for (const Outcome& outcome :
+             {runVelt({"tables", path}), runVelt({"sql", path, "SELECT 1 AS x"})}) {
+            EXPECT_EQ(outcome.exitCode, 1) << path;
+            EXPECT_THAT(outcome.error, StartsWith("velt: error ")) << path;
+            EXPECT_THAT(outcome.error, HasSubstr(name)) << path;
+        }
+    }
+}
+
+TEST_F(VeltTest, OutputThatIsLostIsAFailure) {
+    const std::vector<std::function<void()>> outputs = {
+        [] { dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO); }, [] { close(STDOUT_FILENO); },
+        [] {
+            int ends[2];
+            if (pipe(ends) != 0) _exit(3);
+            close(ends[0]);
+            dup2(ends[1], STDOUT_FILENO);
+        }};
+    for (const auto& output : outputs)
+        for (const std::vector<std::string>& arguments :
+             {std::vector<std::string>{"tables", file_.string()},
+              {"sql", file_.string(), "SELECT * FROM Valori"},
+              {"--version"},
+              {"sql", "--help"}}) {
+            const Outcome outcome = runVelt(arguments, output);
+            EXPECT_EQ(outcome.exitCode, 1) << arguments.front();
+            EXPECT_THAT(outcome.error, HasSubstr("standard output")) << arguments.front();
+        }
+}
+
+TEST_F(VeltTest, WrongUsageIsTold) {
+    const std::string file = file_.string();
+    const std::vector<std::vector<std::string>> lines = {
+        {},
+        {"tabelle"},
+        {"--nulla"},
+        {"tables"},
+        {"tables", file, file},
+        {"tables", "--table", file},
+        {"tables", "--csv=1", file},
+        {"sql", file},
+        {"sql", file, "SELECT 1", "SELECT 2"},
+        {"sql", "--csv", "--table", file, "SELECT 1"},
+        {"sql", file, "SELECT 1", "--timeout"},
+        {"sql", "--timeout", "0", file, "SELECT 1"},
+        {"sql", "--timeout=1x", file, "SELECT 1"},
+        {"sql", "--timeout=1", "--timeout=2", file, "SELECT 1"},
+        {"sql", "--", "--csv", file, "SELECT 1"},
+    };
+    for (const auto& line : lines) {
+        const Outcome outcome = runVelt(line);
+        EXPECT_EQ(outcome.exitCode, 2) << testing::PrintToString(line);
+        EXPECT_EQ(outcome.output, "") << testing::PrintToString(line);
+        EXPECT_THAT(outcome.error, StartsWith("velt: ")) << testing::PrintToString(line);
+    }
+}
+
+TEST_F(VeltTest, ExplainsItself) {
+    EXPECT_THAT(runVelt({"--help"}).output, HasSubstr("  sql "));
+    EXPECT_THAT(runVelt({"--version"}).output, StartsWith("velt " VELT_VERSION "\n"));
+    for (const char* command : {"tables", "sql"}) {
+        const Outcome outcome = runVelt({command, "--help"});
+        EXPECT_EQ(outcome.exitCode, 0);
+        EXPECT_THAT(outcome.output, StartsWith(std::string("Usage: velt ") + command));
+    }
+}
+
+}  // namespace
+}  // namespace velt::cli
