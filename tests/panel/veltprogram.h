@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
-#include <string>
-#include <vector>
+#include "tests/program.h"
+
+#include <utility>
 
 namespace velt::cli {
 
-struct Outcome {
-    int exitCode = -1;  ///< minus the signal's number when one ended the program
-    std::string output;
-    std::string error;
-};
+using test::Outcome;
 
-/// Runs the program `velt` and waits for its end. `prepare` runs in its process before it starts,
-/// to change what it will find (such as its standard output).
-[[nodiscard]] Outcome runVelt(std::vector<std::string> arguments,
-                              const std::function<void()>& prepare = {});
+/// runProgram() of the program `velt`.
+[[nodiscard]] inline Outcome runVelt(std::vector<std::string> arguments,
+                                     const std::function<void()>& prepare = {}) {
+    return test::runProgram(VELT_PROGRAM, std::move(arguments), prepare);
+}
 
 }  // namespace velt::cli

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/panel/veltprogram.h"
+#include "tests/program.h"
 
 #include "tests/filebytes.h"
 #include "tests/tempfolder.h"
@@ -8,7 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace velt::cli {
+namespace velt::test {
 namespace {
 
 void redirect(int stream, const std::filesystem::path& path) {
@@ -19,9 +19,9 @@ void redirect(int stream, const std::filesystem::path& path) {
 
 }  // namespace
 
-Outcome runVelt(std::vector<std::string> arguments, const std::function<void()>& prepare) {
+Outcome runProgram(std::string program, std::vector<std::string> arguments,
+                   const std::function<void()>& prepare) {
     const TempFolder folder;
-    std::string program = VELT_PROGRAM;
     std::vector<char*> pointers = {program.data()};
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
@@ -36,8 +36,8 @@ Outcome runVelt(std::vector<std::string> arguments, const std::function<void()>&
     }
     int status = 0;
     waitpid(child, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status),
-            test::bytesOf(folder / "output"), test::bytesOf(folder / "error")};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), bytesOf(folder / "output"),
+            bytesOf(folder / "error")};
 }
 
-}  // namespace velt::cli
+}  // namespace velt::test
