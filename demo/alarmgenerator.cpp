@@ -29,7 +29,9 @@ Alarm AlarmGenerator::row(const Date& time, const Active& alarm, const char* eve
             std::string(station.place) + ": " + std::string(kind.details[alarm.detail]), event};
 }
 
-Alarm AlarmGenerator::at(const Date& time) {
+Alarm AlarmGenerator::at(const Date& instant) {
+    // The runtime logs whole seconds.
+    const Date time = Date::fromMilliseconds(instant.milliseconds() / 1000 * 1000);
     const std::size_t dice = pick(3);
     if (dice == 0 || active_.size() >= MaxActive) {
         const auto open = std::ranges::find(active_, false, &Active::acknowledged);

@@ -26,8 +26,8 @@ class AlarmGenerator {
 public:
     explicit AlarmGenerator(std::uint64_t seed) : random_(seed) {}
 
-    /// The alarm event that happens at `time`.
-    [[nodiscard]] Alarm at(const Date& time);
+    /// The alarm event that happens at `instant`, logged to the second.
+    [[nodiscard]] Alarm at(const Date& instant);
     /// Events from `start` to `end`, about `count` of them, more by day than by night.
     [[nodiscard]] std::vector<Alarm> history(const Date& start, const Date& end, int count);
 

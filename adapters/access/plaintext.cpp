@@ -2,9 +2,7 @@
 #include "adapters/access/plaintext.h"
 
 #include "platform/conversions.h"
-
-#include <array>
-#include <cstdio>
+#include "platform/isodate.h"
 
 namespace velt::access {
 
@@ -14,12 +12,7 @@ std::string plainText(double number) {
 }
 
 std::string plainText(const Date& date) {
-    if (!date.isValid()) return plainText(date.serial());
-    const Date::Fields f = date.fields();
-    std::array<char, 80> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", f.year, f.month, f.day,
-                  f.hour, f.minute, f.second);
-    return text.data();
+    return date.isValid() ? isoText(date) : plainText(date.serial());
 }
 
 }  // namespace velt::access

@@ -11,7 +11,7 @@ namespace velt::access {
 
 /// At most 15 significant digits, "." as decimal sign.
 [[nodiscard]] std::string plainText(double number);
-/// yyyy-mm-dd hh:mm:ss; the number of a date that cannot be shown.
+/// As isoText(); the number of a date that cannot be shown.
 [[nodiscard]] std::string plainText(const Date& date);
 
 }  // namespace velt::access

@@ -82,6 +82,7 @@ bool QtListView::eventFilter(QObject* watched, QEvent* event) {
             ignoreRelease_ = isOnCheckBox(static_cast<QMouseEvent*>(event)->pos());
             if (ignoreRelease_) return true;
             break;
+        case QEvent::MouseButtonPress: ignoreRelease_ = false; break;
         case QEvent::MouseButtonRelease:
             if (std::exchange(ignoreRelease_, false)) return true;
             break;

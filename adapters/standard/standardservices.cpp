@@ -1,18 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/standard/standardservices.h"
 
+#include "adapters/access/accessdatabase.h"
+#include "adapters/access/filesystem.h"
 #include "adapters/ini/inisettings.h"
+#include "adapters/qt/log.h"
 #include "adapters/qt/qtdispatcher.h"
 #include "adapters/qt/qtmessagebox.h"
+#include "adapters/qt/text.h"
 
 namespace velt {
 namespace {
 
+void log(const std::string& text) { qCWarning(qt::logControls).noquote() << qt::toQt(text); }
+
+void reportUnreadable(const std::string& path, std::uint64_t rows) {
+    log(path + ": " + std::to_string(rows) + " righe illeggibili, non mostrate");
+}
+
 class StandardServices final : public Services {
 public:
     SettingsFactory& settings() override { return settings_; }
-    clsDatabase& database() override { throw RuntimeError(ErrorNumber::ObjectNotSet); }
-    clsFileSystem& fileSystem() override { throw RuntimeError(ErrorNumber::ObjectNotSet); }
+    clsDatabase& database() override { return database_; }
+    clsFileSystem& fileSystem() override { return fileSystem_; }
     clsRecordset& recordsets() override { return recordsets_; }
     MessageBox& messageBox() override { return messageBox_; }
     Clock& clock() override { return clock_; }
@@ -21,11 +31,13 @@ public:
 
 private:
     SystemClock clock_;
-    ini::IniSettingsFactory settings_{clock_};
-    clsRecordset recordsets_;
-    qt::QtMessageBox messageBox_;
-    qt::QtDispatcher dispatcher_;
     Locale locale_ = Locale::italian();
+    qt::QtDispatcher dispatcher_;
+    qt::QtMessageBox messageBox_;
+    ini::IniSettingsFactory settings_{clock_, {.log = log}};
+    access::AccessDatabase database_{dispatcher_, reportUnreadable};
+    access::LocalFileSystem fileSystem_{dispatcher_};
+    clsRecordset recordsets_;
 };
 
 Services* chosen = nullptr;

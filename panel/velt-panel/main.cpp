@@ -6,6 +6,7 @@
 #include "platform/runtimeerror.h"
 #include "widgets/alarmviewer.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -41,6 +42,18 @@ void assign(const Sources& sources, const QDir& formFolder, QWidget& form) {
     for (ui::ControlWidget* control : controls)
         control->FileIni(sources.settingsFile.isEmpty() ? fromForm(control->FileIni())
                                                         : sources.settingsFile);
+}
+
+/// Presses buttons as an operator would who comes half a second after the window.
+void press(HostWindow& window, const QStringList& names) {
+    QTimer::singleShot(500, &window, [&window, names] {
+        for (const QString& name : names) {
+            if (auto* button = window.findChild<QAbstractButton*>(name))
+                button->click();
+            else
+                std::fprintf(stderr, "velt-panel: no button is named %s\n", qPrintable(name));
+        }
+    });
 }
 
 void takePicture(HostWindow& window, const Options& options) {
@@ -88,6 +101,7 @@ int run(const Options& options) {
         options.form.isEmpty() ? QDir::current() : QFileInfo(options.form).absoluteDir();
     assign(sources, formFolder, *window.centralWidget());
     window.show();
+    if (!options.clicks.isEmpty()) press(window, options.clicks);
     if (!options.screenshot.isEmpty()) takePicture(window, options);
     return QApplication::exec();
 }

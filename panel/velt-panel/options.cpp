@@ -34,11 +34,16 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
     const QCommandLineOption seed("seed", "Seed of what the demo installation makes up.", "N", "1");
     const QCommandLineOption alarms("alarms", "Alarm database for the alarm viewers.", "FILE");
     const QCommandLineOption settings("settings", "Settings file for all controls.", "FILE");
+    const QCommandLineOption click("click",
+                                   "Press the button with this name once the window stands, for "
+                                   "example cmdAggiornaDati; may be repeated.",
+                                   "NAME");
     const QCommandLineOption screenshot("screenshot", "Save a picture of the window, then exit.",
                                         "FILE.png");
     const QCommandLineOption after("after", "Seconds until the picture is taken (default: 2).",
                                    "SECONDS", "2");
-    parser.addOptions({help, version, demo, data, seed, alarms, settings, screenshot, after});
+    parser.addOptions(
+        {help, version, demo, data, seed, alarms, settings, click, screenshot, after});
     parser.addPositionalArgument("FORM", "Form to show.", "[FORM.ui]");
 
     const auto wrongUsage = [&exitCode](const QString& what) -> std::optional<Options> {
@@ -70,6 +75,7 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
             : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/velt-demo";
     options.alarmFile = absolute(parser.value(alarms));
     options.settingsFile = absolute(parser.value(settings));
+    options.clicks = parser.values(click);
     options.screenshot = absolute(parser.value(screenshot));
     bool isNumber = false;
     options.seed = parser.value(seed).toULongLong(&isNumber);

@@ -17,6 +17,7 @@ struct Options {
     std::uint64_t seed = 1;
     QString alarmFile;             ///< File of every alarm viewer
     QString settingsFile;          ///< FileIni of every control
+    QStringList clicks;            ///< names of buttons to press once the window stands
     QString screenshot;            ///< save a picture here, then end
     double screenshotAfter = 2.0;  ///< seconds
 };

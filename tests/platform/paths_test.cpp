@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/paths.h"
 
+#include "tests/tempfolder.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 
 namespace velt {
@@ -13,26 +14,17 @@ namespace fs = std::filesystem;
 
 class Paths : public ::testing::Test {
 protected:
-    Paths() {
-        std::string name = (fs::temp_directory_path() / "velt-paths-XXXXXX").string();
-        folder_ = ::mkdtemp(name.data());
-    }
-    ~Paths() override {
-        std::error_code ignored;
-        fs::remove_all(folder_, ignored);
-    }
-
     void makeFile(const std::string& name) {
         fs::create_directories((folder_ / name).parent_path());
         std::ofstream(folder_ / name) << "x";
     }
     /// What `name` below the folder resolves to, relative to the folder; "-" for nothing.
     std::string resolved(const std::string& name) const {
-        const auto path = resolvePath(folder_.string() + "/" + name);
-        return path ? path->lexically_relative(folder_).string() : "-";
+        const auto path = resolvePath((folder_ / name).string());
+        return path ? path->lexically_relative(folder_.path()).string() : "-";
     }
 
-    fs::path folder_;
+    TempFolder folder_;
 };
 
 TEST_F(Paths, FindWhatAWindowsPathMeans) {
@@ -62,7 +54,7 @@ TEST_F(Paths, FindWhatAWindowsPathMeans) {
 TEST_F(Paths, RelativePathsStartAtTheCurrentFolder) {
     makeFile("Uno.txt");
     const fs::path before = fs::current_path();
-    fs::current_path(folder_);
+    fs::current_path(folder_.path());
     const auto found = resolvePath("uno.TXT");
     fs::current_path(before);
     ASSERT_TRUE(found);
@@ -72,7 +64,7 @@ TEST_F(Paths, RelativePathsStartAtTheCurrentFolder) {
 TEST_F(Paths, NothingComesOfHopelessNames) {
     EXPECT_FALSE(resolvePath(""));
     EXPECT_FALSE(resolvePath(std::string("a\0b", 3)));
-    EXPECT_FALSE(resolvePath(folder_.string() + "/" + std::string(100'000, 'x')));
+    EXPECT_FALSE(resolvePath((folder_ / std::string(100'000, 'x')).string()));
 }
 
 }  // namespace

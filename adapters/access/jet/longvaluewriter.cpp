@@ -2,6 +2,7 @@
 #include "adapters/access/jet/longvaluewriter.h"
 
 #include "adapters/access/jet/bytewriter.h"
+#include "adapters/access/jet/usagemap.h"
 #include "platform/runtimeerror.h"
 
 #include <algorithm>
@@ -32,7 +33,10 @@ void putHead(std::size_t length, std::uint32_t kind, RowPointer pointer,
 
 LongValueWriter::LongValueWriter(PageAllocator& allocator, const LongColumn& column)
     : pages_(allocator, LongValueOwner, column.ownedPages, column.freePages),
-      longest_(RowAppender::longestRow(allocator.file().layout())) {}
+      longest_(RowAppender::longestRow(allocator.file().layout())) {
+    const auto pages = mappedPages(*allocator.file().reader(), column.ownedPages);
+    if (!pages.empty()) pages_.resume(pages.back());
+}
 
 void LongValueWriter::append(Bytes value, std::vector<std::uint8_t>& row) {
     if (value.size() > LongestValue) throw RuntimeError(ErrorNumber::Overflow);

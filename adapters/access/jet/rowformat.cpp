@@ -48,8 +48,10 @@ std::uint16_t sizeOf(ColumnType type) {
 
 RowFormat::RowFormat(bool isJet3, std::uint16_t variableColumns, std::span<const Column> columns)
     : jet3(isJet3), hasVariables(variableColumns > 0) {
+    const std::uint32_t head = jet3 ? 1 : 2;  // the row's column count
+    fixedEnd = head;
     for (const Column& column : columns) {
-        const Field field = makeField(column, jet3 ? 1 : 2);
+        const Field field = makeField(column, head);
         fields.push_back(field);
         columnCount =
             std::max<std::uint16_t>(columnCount, static_cast<std::uint16_t>(field.number + 1));

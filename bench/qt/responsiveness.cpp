@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+// How long the window stays deaf while the alarm viewer works on a large file. A timer of 10 ms on
+// the user-interface thread says how late it comes; a thread that only sleeps says how late the
+// machine itself is.
+#include "adapters/qt/qtdispatcher.h"
+#include "demo/alarmdatabase.h"
+#include "demo/alarmgenerator.h"
+#include "platform/clock.h"
+#include "platform/runtimeerror.h"
+#include "tests/tempfolder.h"
+#include "widgets/alarmviewer.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <future>
+#include <thread>
+#include <vector>
+
+namespace velt {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr auto Beat = std::chrono::milliseconds(10);
+constexpr int Repeats = 5;
+
+double since(Clock::time_point start) { return Milliseconds(Clock::now() - start).count(); }
+
+double median(std::vector<double> values) {
+    std::ranges::sort(values);
+    return values.empty() ? 0 : values[values.size() / 2];
+}
+
+/// Lateness of a beat, in milliseconds.
+class Lateness {
+public:
+    void beat() {
+        values_.push_back(std::max(0.0, since(last_) - Milliseconds(Beat).count()));
+        last_ = Clock::now();
+    }
+    void restart() {
+        values_.clear();
+        last_ = Clock::now();
+    }
+    [[nodiscard]] double worst() const {
+        return values_.empty() ? 0 : *std::ranges::max_element(values_);
+    }
+    [[nodiscard]] double p999() const {
+        std::vector<double> sorted = values_;
+        std::ranges::sort(sorted);
+        return sorted.empty() ? 0 : sorted[(sorted.size() * 999) / 1000];
+    }
+
+private:
+    std::vector<double> values_;
+    Clock::time_point last_ = Clock::now();
+};
+
+/// Both hearts at once, for the length of one action.
+class Heart {
+public:
+    Heart() {
+        timer_.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&timer_, &QTimer::timeout, [this] { window_.beat(); });
+        timer_.start(Beat);
+    }
+    void measure(const char* what, const std::function<void()>& action) {
+        std::atomic<bool> over = false;
+        Lateness machine;
+        std::thread sleeper([&] {
+            machine.restart();
+            while (!over) {
+                std::this_thread::sleep_for(Beat);
+                machine.beat();
+            }
+        });
+        window_.restart();
+        const auto start = Clock::now();
+        action();
+        const double duration = since(start);
+        window_.beat();
+        over = true;
+        sleeper.join();
+        std::printf("%-44s %8.0f ms   late: p99.9 %6.1f, max %6.1f ms   machine: max %6.1f ms\n",
+                    what, duration, window_.p999(), window_.worst(), machine.worst());
+    }
+
+private:
+    QTimer timer_;
+    Lateness window_;
+};
+
+void waitFor(const std::function<bool()>& condition) {
+    while (!condition()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void figure(const char* what, const std::vector<double>& values) {
+    std::printf("%-44s %8.1f ms   (median of %zu, max %.1f)\n", what, median(values), values.size(),
+                *std::ranges::max_element(values));
+}
+
+/// Time from the arrival of rows in a grid to the end of their first painting.
+class FirstPaint final : public QObject {
+public:
+    explicit FirstPaint(QTableView* view) : view_(view) {
+        connect(view->model(), &QAbstractItemModel::modelReset, this, [this] {
+            if (armed_ || view_->model()->rowCount() == 0) return;
+            armed_ = true;
+            start_ = Clock::now();
+            view_->viewport()->installEventFilter(this);
+        });
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Paint) return false;
+        watched->removeEventFilter(this);
+        QCoreApplication::sendEvent(watched, event);
+        times.push_back(since(start_));
+        armed_ = false;
+        return true;
+    }
+    std::vector<double> times;
+
+private:
+    QTableView* view_;
+    bool armed_ = false;
+    Clock::time_point start_;
+};
+
+void measureViewer(Heart& heart, const QString& file) {
+    ui::AlarmViewer viewer;
+    viewer.resize(1000, 640);
+    auto* grid = viewer.findChild<QTableView*>("dg");
+    auto* stations = viewer.findChild<QTableView*>("lvVRX");
+    auto* refresh = viewer.findChild<QPushButton*>("cmdAggiornaDati");
+    heart.measure("first show: station and alarm lists", [&] {
+        viewer.File(file);
+        viewer.show();
+        waitFor([&] { return stations->model() && stations->model()->rowCount() > 0; });
+    });
+
+    FirstPaint firstPaint(grid);
+    std::size_t painted = 0;
+    for (int i = 0; i < Repeats; ++i) {
+        heart.measure("Aggiorna Dati: all rows into the grid", [&] {
+            refresh->click();
+            waitFor([&] { return firstPaint.times.size() > painted; });
+            painted = firstPaint.times.size();
+        });
+    }
+    std::printf("rows in the grid: %d\n", grid->model()->rowCount());
+    figure("grid: rows arrived to first paint done", firstPaint.times);
+
+    grid->setFocus();
+    heart.measure("select all rows", [&] {
+        grid->selectAll();
+        QCoreApplication::processEvents();
+    });
+    heart.measure("copy them to the clipboard", [&] {
+        QGuiApplication::clipboard()->clear();
+        grid->actions().first()->trigger();
+        waitFor([] { return !QGuiApplication::clipboard()->text().isEmpty(); });
+    });
+
+    std::vector<double> terminations;
+    for (int i = 0; i < Repeats; ++i) {
+        Clock::time_point start;
+        refresh->click();
+        QTimer::singleShot(100, &viewer, [&] {
+            start = Clock::now();
+            viewer.Terminate();
+        });
+        waitFor([&] { return start != Clock::time_point() && grid->model()->rowCount() == 0; });
+        terminations.push_back(since(start));
+        refresh->click();
+        waitFor([&] { return grid->model()->rowCount() > 0; });
+    }
+    figure("Terminate() during the query to its end", terminations);
+}
+
+void measureCancel() {
+    qt::QtDispatcher dispatcher;
+    std::promise<void> end;
+    const auto released = end.get_future().share();
+    std::vector<double> latencies;
+    for (int i = 0; i < Repeats; ++i) {
+        Clock::time_point start;
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            QWidget* progress = QApplication::activeModalWidget();
+            if (!progress) return;
+            poll.stop();
+            start = Clock::now();
+            progress->findChild<QPushButton*>()->click();
+        });
+        poll.start(10);
+        try {
+            dispatcher.run([released](const std::stop_token&) { released.wait(); });
+        } catch (const RuntimeError&) {
+            latencies.push_back(since(start));
+        }
+    }
+    end.set_value();
+    figure("Annulla to the return from work that hangs", latencies);
+}
+
+int run(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const TempFolder folder;
+    std::string file = argc > 1 ? argv[1] : (folder / "Allarmi.mdb").string();
+    if (argc <= 1) {
+        const Date now = SystemClock().now();
+        demo::AlarmGenerator generator(1);
+        const auto alarms = generator.history(now.addSeconds(-365.0 * 86400), now, 1000000);
+        demo::AlarmDatabase::create(file, alarms);
+        std::printf("%zu alarms written\n", alarms.size());
+    }
+    Heart heart;
+    heart.measure("idle", [] {
+        const auto start = Clock::now();
+        waitFor([&] { return since(start) > 1000; });
+    });
+    measureViewer(heart, QString::fromStdString(file));
+    measureCancel();
+    return 0;
+}
+
+}  // namespace
+}  // namespace velt
+
+int main(int argc, char** argv) { return velt::run(argc, argv); }

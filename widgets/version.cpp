@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/version.h"
+
+namespace velt {
+
+const char* version() { return VELT_VERSION; }
+
+}  // namespace velt
