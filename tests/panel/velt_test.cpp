@@ -87,11 +87,11 @@ TEST_F(VeltTest, WritesAnAlignedTable) {
     EXPECT_EQ(sql("SELECT Numero, Testo, Sì FROM Valori WHERE Numero < 1 ORDER BY Numero DESC",
                   {"--table"})
                   .output,
-              "Numero              Testo                   Sì\n"
-              "------------------  ----------------------  --\n"
-              "0.3333333333333333  a \"b\", c                0\n"
-              "               0.1  semplice                 1\n"
-              " -9007199254740992  \\x1B[2J\\tPerché €         1\n"
+              "Numero              Testo              Sì\n"
+              "------------------  -----------------  --\n"
+              "0.3333333333333333  a \"b\", c            0\n"
+              "               0.1  semplice            1\n"
+              " -9007199254740992  \\x1B[2J\\tPerché €   1\n"
               "(3 rows)\n");
     EXPECT_EQ(sql("SELECT 1 AS Uno", {"--table"}).output, "Uno\n---\n  1\n(1 row)\n");
     EXPECT_EQ(sql("SELECT Testo FROM Valori WHERE 1 = 0", {"--table"}).output,

@@ -152,7 +152,7 @@ TEST(IniDocument, EveryTextReadsBackFromEveryFile) {
         for (auto n = random() % (most + 1); n > 0; --n) result += pieces[random() % pieces.size()];
         return result;
     };
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < 5000; ++round) {
         const std::string bytes = text(12);
         const std::string section = text(2);
         const std::string key = text(2);

@@ -344,7 +344,7 @@ TEST_F(IniSettingsTest, WhoReadsDuringASaveSeesTheOldOrTheNewFile) {
     writeBytes(file_, a);
     const pid_t child = fork();
     if (child == 0) {
-        for (int i = 0; i < 200; ++i) {
+        for (int i = 0; i < 30; ++i) {
             save(file_, "k", std::string(50'000, 'b'));
             save(file_, "k", std::string(100'000, 'a'));
         }
@@ -369,7 +369,7 @@ void writeMany(Clock& clock, const fs::path& path, const std::string& name, int 
 }
 
 TEST_F(IniSettingsTest, WritersAtOnceLoseNothing) {
-    constexpr int saves = 150;
+    constexpr int saves = 40;
     writeBytes(file_, "; mio\n[S0]\nvecchio=1\n");
     const pid_t child = fork();
     if (child == 0) {
