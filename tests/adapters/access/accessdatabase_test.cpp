@@ -1,0 +1,317 @@
+// SPDX-License-Identifier: MIT
+// Connections and recordsets over files that come, go and change, and waits that are cancelled.
+#include "adapters/access/accessdatabase.h"
+
+#include "adapters/access/accessrecordset.h"
+#include "adapters/access/filesystem.h"
+#include "platform/runtimeerror.h"
+#include "tests/adapters/access/accessfile.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <thread>
+
+namespace velt::access {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+/// Cancels every wait while `cancelling`; the work goes on by itself, as the contract has it.
+class CancellingDispatcher final : public Dispatcher {
+public:
+    ~CancellingDispatcher() override { join(); }
+    void run(std::function<void(std::stop_token)> work) override {
+        if (!cancelling) return work({});
+        std::stop_source stop;
+        left_.emplace_back([work = std::move(work), token = stop.get_token()] {
+            ignoreErrors([&] { work(token); });
+        });
+        stop.request_stop();
+        throw RuntimeError(ErrorNumber::Cancelled);
+    }
+    void post(std::function<void()> call) override { call(); }
+    void yield() override {}
+    void join() {
+        for (std::thread& thread : left_) thread.join();
+        left_.clear();
+    }
+
+    bool cancelling = false;
+
+private:
+    std::vector<std::thread> left_;
+};
+
+class Database : public ::testing::Test {
+protected:
+    Database() { file_.addAlarms(); }
+
+    std::shared_ptr<Connection> connect() { return connect(file_.path().string()); }
+    std::shared_ptr<Connection> connect(const std::string& path) {
+        return database_.GetConnection(path, "", "", 60, 3, 3);
+    }
+    std::int32_t count(const std::shared_ptr<Connection>& connection) {
+        const auto recordset = database_.CreateRecordset();
+        open(*recordset, "SELECT Data FROM Allarmi", connection);
+        return recordset->RecordCount();
+    }
+    static void open(Recordset& recordset, const std::string& statement,
+                     const std::shared_ptr<Connection>& connection) {
+        recordset.Open(statement, connection, ado::OpenStatic, ado::LockReadOnly,
+                       ado::OptionsUnspecified);
+    }
+
+    CancellingDispatcher dispatcher_;
+    std::vector<std::string> reports_;
+    AccessDatabase database_{dispatcher_, [this](const std::string& path, std::uint64_t rows) {
+                                 reports_.push_back(path + " " + std::to_string(rows));
+                             }};
+    AccessFile file_;
+};
+
+template <typename Step>
+int errorOf(Step&& step) {
+    try {
+        step();
+        return 0;
+    } catch (const RuntimeError& error) {
+        return error.Number();
+    }
+}
+
+TEST_F(Database, FilesThatCannotBeUsed) {
+    TempFolder folder;
+    std::ofstream(folder / "vuoto.mdb").flush();
+    std::ofstream(folder / "testo.mdb") << std::string(10'000, 'x');
+    std::filesystem::copy_file(file_.path(), folder / "troncato.mdb");
+    std::filesystem::resize_file(folder / "troncato.mdb", 5000);
+    std::filesystem::create_directory(folder / "cartella.mdb");
+    struct Case {
+        const char* name;
+        ErrorNumber number;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"manca.mdb", ErrorNumber::FileNotFound, "non esiste"},
+        {"manca/manca.mdb", ErrorNumber::FileNotFound, "non esiste"},
+        {"cartella.mdb", ErrorNumber::PathAccess, "cartella"},
+        {"vuoto.mdb", ErrorNumber::UnknownFileFormat, "vuoto"},
+        {"testo.mdb", ErrorNumber::UnknownFileFormat, "Access"},
+        {"troncato.mdb", ErrorNumber::UnknownFileFormat, "troncato"},
+    };
+    for (const Case& c : cases) {
+        try {
+            static_cast<void>(connect((folder / c.name).string()));
+            ADD_FAILURE() << c.name;
+        } catch (const RuntimeError& error) {
+            EXPECT_TRUE(error.is(c.number)) << c.name << ": " << error.Number();
+            EXPECT_THAT(error.Description(), HasSubstr(c.name));
+            EXPECT_THAT(error.Description(), HasSubstr(c.reason));
+        }
+    }
+    EXPECT_EQ(errorOf([&] { static_cast<void>(connect("")); }), 53);
+}
+
+TEST_F(Database, UnreadableFileIsNotTakenForAMissingOne) {
+    if (geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
+    ::chmod(file_.path().c_str(), 0);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(connect()); }), 75);
+}
+
+TEST_F(Database, PathsAreResolved) {
+    std::string path = file_.path().string();
+    path.replace(path.rfind("/prova.mdb"), std::string::npos, "\\PROVA.Mdb");
+    EXPECT_EQ(count(connect(path)), 12);
+    LocalFileSystem files(dispatcher_);
+    EXPECT_TRUE(files.FileExists(path));
+    EXPECT_FALSE(files.FileExists(path + "x"));
+    EXPECT_FALSE(files.FileExists(file_.path().parent_path().string()));
+    EXPECT_FALSE(files.FileExists(""));
+}
+
+TEST_F(Database, TableExists) {
+    const auto connection = connect();
+    EXPECT_TRUE(database_.TableExists(connection, "allarmi"));
+    EXPECT_FALSE(database_.TableExists(connection, "Altra"));
+    EXPECT_FALSE(database_.TableExists(connection, "MSysObjects"));
+    connection->Close();
+    EXPECT_EQ(errorOf([&] { static_cast<void>(database_.TableExists(connection, "x")); }), 3709);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(database_.TableExists(nullptr, "x")); }), 3709);
+}
+
+TEST_F(Database, ConnectionOpensAndCloses) {
+    const auto connection = connect();
+    EXPECT_EQ(connection->State(), ado::StateOpen);
+    EXPECT_EQ(errorOf([&] { connection->Open(); }), 3705);
+    connection->Close();
+    EXPECT_EQ(connection->State(), ado::StateClosed);
+    EXPECT_EQ(errorOf([&] { connection->Close(); }), 3704);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(count(connection)); }), 3709);
+    connection->Open();
+    EXPECT_EQ(count(connection), 12);
+}
+
+TEST_F(Database, FileThatGrowsIsReplacedAndVanishes) {
+    const auto connection = connect();
+    EXPECT_EQ(count(connection), 12);
+    file_.append("Allarmi", {{date("2006-05-01 00:00:00"), "RTU01", "x", "y", "z"}});
+    EXPECT_EQ(count(connection), 13);
+
+    AccessFile other("altro.mdb");
+    other.addTable("Allarmi", {{"Data", jet::ColumnType::Date}}, {{Date(1.0)}});
+    std::filesystem::rename(other.path(), file_.path());
+    EXPECT_EQ(count(connection), 1);
+
+    std::filesystem::remove(file_.path());
+    const auto recordset = database_.CreateRecordset();
+    EXPECT_EQ(errorOf([&] { open(*recordset, "SELECT Data FROM Allarmi", connection); }), 53);
+    EXPECT_EQ(recordset->State(), ado::StateClosed);
+    EXPECT_EQ(connection->State(), ado::StateOpen);
+}
+
+TEST_F(Database, CancelledWaitLeavesTheConnectionUsable) {
+    const auto connection = connect();
+    const auto recordset = database_.CreateRecordset();
+    int moves = 0;
+    recordset->MoveComplete.subscribe([&moves] { ++moves; });
+    dispatcher_.cancelling = true;
+    EXPECT_EQ(errorOf([&] { open(*recordset, "SELECT * FROM Allarmi", connection); }), 3059);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(connect()); }), 3059);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(database_.TableExists(connection, "x")); }), 3059);
+    LocalFileSystem files(dispatcher_);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(files.FileExists(file_.path().string())); }), 3059);
+    EXPECT_EQ(recordset->State(), ado::StateClosed);
+    EXPECT_EQ(moves, 0);
+
+    dispatcher_.cancelling = false;  // while the work that was left may still be running
+    open(*recordset, "SELECT * FROM Allarmi", connection);
+    EXPECT_EQ(recordset->RecordCount(), 12);
+    EXPECT_EQ(moves, 1);
+}
+
+TEST_F(Database, RowsThatCannotBeReadAreReported) {
+    const auto connection = connect();
+    EXPECT_EQ(count(connection), 12);
+    EXPECT_TRUE(reports_.empty());
+
+    // The data page of the table: the end of its last row lies at the page's beginning now.
+    std::string bytes;
+    {
+        std::ifstream in(file_.path(), std::ios::binary);
+        bytes.assign(std::istreambuf_iterator<char>(in), {});
+    }
+    const std::size_t text = bytes.find("primo");
+    ASSERT_NE(text, std::string::npos);
+    const std::size_t page = text / 4096 * 4096;
+    bytes[page + 14] = 3;  // offset of the first row: behind nothing, within the page's head
+    bytes[page + 15] = 0;
+    std::ofstream(file_.path(), std::ios::binary) << bytes;
+    const std::int32_t left = count(connection);
+    EXPECT_LT(left, 12);
+    const auto lost = static_cast<std::uint64_t>(12 - left);
+    EXPECT_EQ(dynamic_cast<AccessConnection&>(*connection).unreadableRows(), lost);
+    EXPECT_THAT(reports_, ElementsAre(file_.path().string() + " " + std::to_string(lost)));
+}
+
+TEST_F(Database, RecordsetMovesAndTellsWhereItIs) {
+    const auto connection = connect();
+    const auto recordset = database_.CreateRecordset();
+    int moves = 0;
+    recordset->MoveComplete.subscribe([&] {
+        ++moves;
+        EXPECT_EQ(recordset->State(), ado::StateOpen) << "the event comes when all is done";
+    });
+    open(*recordset, "SELECT Descrizione FROM Allarmi WHERE VRX = 'RTU01' ORDER BY Data",
+         connection);
+    EXPECT_EQ(moves, 1);
+    EXPECT_EQ(recordset->RecordCount(), 2);
+    EXPECT_EQ(recordset->AbsolutePosition(), 1);
+    EXPECT_EQ(recordset->Field(0), Variant("secondo"));
+    recordset->MoveNext();
+    EXPECT_EQ(recordset->Field(0), Variant("primo"));
+    EXPECT_FALSE(recordset->EOF_());
+    recordset->MoveNext();
+    EXPECT_TRUE(recordset->EOF_());
+    EXPECT_EQ(recordset->AbsolutePosition(), -3);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(recordset->Field(0)); }), 3021);
+    EXPECT_EQ(errorOf([&] { recordset->MoveNext(); }), 3021);
+    recordset->MoveLast();
+    EXPECT_EQ(recordset->AbsolutePosition(), 2);
+    recordset->MovePrevious();
+    recordset->MovePrevious();
+    EXPECT_TRUE(recordset->BOF());
+    EXPECT_EQ(recordset->AbsolutePosition(), -2);
+    EXPECT_EQ(errorOf([&] { recordset->MovePrevious(); }), 3021);
+    recordset->MoveFirst();
+    EXPECT_EQ(recordset->AbsolutePosition(), 1);
+    recordset->AbsolutePosition(2);
+    EXPECT_EQ(moves, 8);
+    for (const std::int32_t position : {0, 3, -1})
+        EXPECT_EQ(errorOf([&] { recordset->AbsolutePosition(position); }), 5);
+    EXPECT_EQ(recordset->AbsolutePosition(), 2);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(recordset->Field(1)); }), 3265);
+    EXPECT_EQ(errorOf([&] { static_cast<void>(recordset->FieldName(-1)); }), 3265);
+    EXPECT_EQ(errorOf([&] { open(*recordset, "SELECT 1", connection); }), 3705);
+    EXPECT_EQ(errorOf([&] { recordset->CursorLocation(2); }), 3705);
+}
+
+TEST_F(Database, RecordsetWithoutRows) {
+    const auto recordset = database_.CreateRecordset();
+    int moves = 0;
+    recordset->MoveComplete.subscribe([&moves] { ++moves; });
+    open(*recordset, "SELECT Data FROM Allarmi WHERE VRX = 'x'", connect());
+    EXPECT_EQ(moves, 1) << "the counter has to say that there is none";
+    EXPECT_EQ(recordset->RecordCount(), 0);
+    EXPECT_EQ(recordset->AbsolutePosition(), -1);
+    EXPECT_TRUE(recordset->BOF());
+    EXPECT_TRUE(recordset->EOF_());
+    for (const auto move : {&Recordset::MoveFirst, &Recordset::MoveLast, &Recordset::MoveNext,
+                            &Recordset::MovePrevious})
+        EXPECT_EQ(errorOf([&] { ((*recordset).*move)(); }), 3021);
+}
+
+TEST_F(Database, ClosedRecordset) {
+    AccessRecordset recordset;
+    EXPECT_EQ(recordset.CursorLocation(), ado::UseClient);
+    recordset.CursorLocation(2);
+    EXPECT_EQ(errorOf([&] { open(recordset, "SELECT x FROM Allarmi", connect()); }), 3061);
+    const std::vector<std::function<void()>> members = {
+        [&] { recordset.Close(); },
+        [&] { static_cast<void>(recordset.RecordCount()); },
+        [&] { static_cast<void>(recordset.AbsolutePosition()); },
+        [&] { recordset.AbsolutePosition(1); },
+        [&] { static_cast<void>(recordset.BOF()); },
+        [&] { static_cast<void>(recordset.EOF_()); },
+        [&] { recordset.MoveFirst(); },
+        [&] { recordset.MoveLast(); },
+        [&] { recordset.MoveNext(); },
+        [&] { recordset.MovePrevious(); },
+        [&] { static_cast<void>(recordset.FieldCount()); },
+        [&] { static_cast<void>(recordset.FieldName(0)); },
+        [&] { static_cast<void>(recordset.Field(0)); },
+        [&] { static_cast<void>(recordset.rows()); },
+    };
+    for (std::size_t i = 0; i < members.size(); ++i) EXPECT_EQ(errorOf(members[i]), 3704) << i;
+    EXPECT_EQ(recordset.State(), ado::StateClosed);
+}
+
+TEST_F(Database, RowsOutliveTheirRecordset) {
+    std::shared_ptr<const RowSet> rows;
+    {
+        const auto recordset = database_.CreateRecordset();
+        open(*recordset, "SELECT Data, VRX FROM Allarmi ORDER BY Data DESC", connect());
+        rows = recordset->rows();
+        recordset->Close();
+    }
+    EXPECT_EQ(rows->value(0, 1), Variant("RTU10"));
+    EXPECT_EQ(Date(rows->doubles(0)[0]), date("9999-12-31 23:59:59"));
+}
+
+}  // namespace
+}  // namespace velt::access

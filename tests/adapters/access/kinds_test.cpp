@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+// Every kind of column on its way from the file into a result, and names of every spelling.
+#include "platform/runtimeerror.h"
+#include "tests/adapters/access/accessfile.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace velt::access {
+namespace {
+
+using jet::ColumnType;
+using ::testing::ElementsAre;
+
+TEST(Kinds, ComeAsTheyAreStored) {
+    AccessFile file;
+    const std::vector<std::uint8_t> bytes = {0x00, 0xAB, 0xFF};
+    const std::vector<std::uint8_t> guid = {0x33, 0x22, 0x11, 0x00, 0x55, 0x44, 0x77, 0x66,
+                                            0x88, 0x99, 0xAA, 0xBB, 0xCC, 0xDD, 0xEE, 0xFF};
+    struct Kind {
+        const char* name;
+        ColumnType type;
+        Variant stored;
+        FieldType kind;
+        Variant expected;
+    };
+    const Kind kinds[] = {
+        {"Si", ColumnType::Boolean, true, FieldType::Boolean, true},
+        {"B", ColumnType::Byte, std::uint8_t{255}, FieldType::Byte, std::uint8_t{255}},
+        {"I", ColumnType::Integer, std::int16_t{-32768}, FieldType::Integer, std::int16_t{-32768}},
+        {"L", ColumnType::Long, std::int32_t{-2147483647 - 1}, FieldType::Long,
+         std::int32_t{-2147483647 - 1}},
+        {"C", ColumnType::Currency, 12345.6789, FieldType::Double, 12345.6789},
+        {"S", ColumnType::Single, 0.1F, FieldType::Single, 0.1F},
+        {"D", ColumnType::Double, 0.1, FieldType::Double, 0.1},
+        {"T", ColumnType::Date, Date(-1.25), FieldType::Date, Date(-1.25)},
+        {"X", ColumnType::Text, "perché €", FieldType::Text, "perché €"},
+        {"M", ColumnType::Memo, std::string(10'000, 'm'), FieldType::Text,
+         std::string(10'000, 'm')},
+        {"Y", ColumnType::Binary, bytes, FieldType::Text, "00ABFF"},
+        {"O", ColumnType::Ole, bytes, FieldType::Text, "00ABFF"},
+        {"G", ColumnType::Guid, guid, FieldType::Text, "{00112233-4455-6677-8899-AABBCCDDEEFF}"},
+        {"N", ColumnType::Numeric, "-123", FieldType::Double, -123.0},
+    };
+    std::vector<jet::ColumnDefinition> columns;
+    Row full;
+    Row nulls;
+    for (const Kind& kind : kinds) {
+        columns.push_back({kind.name, kind.type});
+        full.push_back(kind.stored);
+        nulls.emplace_back(Null{});
+    }
+    file.addTable("Tipi", columns, {full, nulls});
+    for (const char* statement : {"SELECT * FROM Tipi", "SELECT * FROM Tipi ORDER BY T DESC"}) {
+        const auto rows = file.query(statement);
+        ASSERT_EQ(rows->rowCount(), 2U);
+        for (std::size_t i = 0; i < std::size(kinds); ++i) {
+            EXPECT_EQ(rows->columnType(i), kinds[i].kind) << kinds[i].name;
+            EXPECT_EQ(rows->value(0, i), kinds[i].expected) << kinds[i].name;
+            const bool boolean = kinds[i].type == ColumnType::Boolean;  // which knows no null
+            EXPECT_EQ(rows->value(1, i), boolean ? Variant(false) : Variant(Null{}))
+                << kinds[i].name;
+        }
+        const auto dates = rows->doubles(7);
+        ASSERT_EQ(dates.size(), 2U);
+        EXPECT_EQ(dates[0], -1.25) << "as stored, not as compared";
+        EXPECT_TRUE(rows->doubles(8).empty());
+    }
+    EXPECT_THAT(file.texts("SELECT Max(T), Min(I), Count(*), Sum(L), Avg(D), Min(X) FROM Tipi"),
+                ElementsAre("1899-12-29 06:00:00|-32768|2|-2147483648|0.1|perché €"));
+    EXPECT_EQ(file.query("SELECT Max(T) FROM Tipi")->columnType(0), FieldType::Date);
+    EXPECT_THAT(
+        file.texts("SELECT B FROM Tipi WHERE Si = True AND C = 12345.6789 AND Y = '00abff'"),
+        ElementsAre("255"));
+}
+
+TEST(Kinds, NumbersThatAreNone) {
+    AccessFile file;
+    const double infinite = std::numeric_limits<double>::infinity();
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    file.addTable("Strani", {{"D", ColumnType::Date}, {"V", ColumnType::Double}},
+                  {{Date(none), none},
+                   {Date(infinite), infinite},
+                   {Date(-infinite), -infinite},
+                   {Date(1e300), 1e300},
+                   {Date(0.0), -0.0}});
+    const auto rows = file.query("SELECT V, D FROM Strani ORDER BY D");
+    ASSERT_EQ(rows->rowCount(), 5U);
+    EXPECT_EQ(rows->value(0, 0), Variant(Null{}));
+    const double expected[] = {-infinite, -0.0, 1e300, infinite};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(rows->doubles(0)[i + 1], expected[i]);
+        EXPECT_EQ(rows->doubles(1)[i + 1], expected[i]);
+    }
+    EXPECT_THAT(file.texts("SELECT Count(*) FROM Strani WHERE D > #1900-01-01#"), ElementsAre("2"));
+}
+
+TEST(Kinds, NamesAreFoundInAnyLetterCase) {
+    AccessFile file;
+    file.addTable("Cloro Residuo",
+                  {{"Quantità [mg]", ColumnType::Double},
+                   {"select", ColumnType::Long},
+                   {"a\"b", ColumnType::Long}},
+                  {{1.5, std::int32_t{2}, std::int32_t{3}}});
+    EXPECT_THAT(file.texts("SELECT [select], `a\"b` FROM [CLORO residuo]"), ElementsAre("2|3"));
+    file.addTable("Livelli", {{"Quantità", ColumnType::Double}, {"Città", ColumnType::Text}},
+                  {{1.5, "Forlì"}});
+    const auto rows =
+        file.query("SELECT QUANTITÀ, Livelli.CITTÀ FROM livelli WHERE [quantitÀ] > 1");
+    ASSERT_EQ(rows->rowCount(), 1U);
+    EXPECT_EQ(rows->columnName(0), "Quantità");
+    EXPECT_EQ(rows->columnName(1), "Città");
+    EXPECT_EQ(file.errorOf("SELECT Quantita FROM Livelli"), 3061) << "an accent is another name";
+}
+
+}  // namespace
+}  // namespace velt::access
