@@ -7,7 +7,7 @@ namespace velt::cli {
 namespace {
 
 std::string field(const Variant& value) {
-    const std::string text = valueText(value);
+    std::string text = valueText(value);
     if (text.empty() && value.holds<std::string>()) return "\"\"";
     if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
     std::string quoted = "\"";
