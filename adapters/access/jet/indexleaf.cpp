@@ -16,6 +16,7 @@ constexpr std::size_t FreeBytesAt = 2;
 constexpr std::size_t DefinitionAt = 4;
 constexpr std::size_t EndsAt = 27;  // a bit for each byte behind EntriesAt: an entry ends before it
 constexpr std::size_t EntriesAt = 480;
+constexpr std::size_t PointerSize = 4;
 constexpr std::uint8_t Ascending = 0x7F;
 
 /// Where letters, digits and blanks stand in the general sort order, case ignored.
@@ -37,6 +38,24 @@ void appendSortCode(IndexKey& key, char c) {
         throw RuntimeError(ErrorNumber::InvalidCall,
                            "Il nome di una tabella può contenere solo lettere senza accento, "
                            "cifre, spazi e trattini bassi.");
+}
+
+std::vector<IndexKey> entriesOf(const std::vector<std::uint8_t>& page) {
+    std::vector<IndexKey> entries;
+    std::size_t begin = EntriesAt;
+    for (std::size_t end = EntriesAt; end < page.size(); ++end) {
+        const std::size_t bit = end - EntriesAt;
+        if ((page[EndsAt + bit / 8] >> bit % 8 & 1) == 0) continue;
+        entries.emplace_back(page.begin() + static_cast<std::ptrdiff_t>(begin),
+                             page.begin() + static_cast<std::ptrdiff_t>(end));
+        begin = end;
+    }
+    return entries;
+}
+
+bool comesBefore(const IndexKey& a, const IndexKey& b) {
+    const auto [x, y] = std::ranges::mismatch(a, b);
+    return y != b.end() && (x == a.end() || *x < *y);
 }
 
 }  // namespace
@@ -63,37 +82,31 @@ std::vector<std::uint8_t> IndexLeaf::emptyPage(const Layout& layout, std::uint32
     return page;
 }
 
-std::vector<IndexKey> IndexLeaf::entries() const {
-    const auto page = file_->reader()->page(page_);
-    std::vector<IndexKey> entries;
-    std::size_t begin = EntriesAt;
-    for (std::size_t end = EntriesAt; end < page.size(); ++end) {
-        const std::size_t bit = end - EntriesAt;
-        if ((page[EndsAt + bit / 8] >> bit % 8 & 1) == 0) continue;
-        entries.emplace_back(page.begin() + static_cast<std::ptrdiff_t>(begin),
-                             page.begin() + static_cast<std::ptrdiff_t>(end));
-        begin = end;
-    }
-    return entries;
+std::vector<std::uint8_t> IndexLeaf::readPage() const {
+    auto page = file_->reader()->page(page_);
+    if (page[0] != static_cast<std::uint8_t>(PageType::IndexLeaf)) throw Damaged("manca un indice");
+    return page;
 }
 
-bool IndexLeaf::fits(std::size_t keySize) const {
-    const auto page = file_->reader()->page(page_);
-    return keySize + 4 < u16At(&page[FreeBytesAt]);
+bool IndexLeaf::fits(std::size_t count, std::size_t keySize) const {
+    std::size_t used = count * (keySize + PointerSize);
+    for (const IndexKey& entry : entriesOf(readPage())) used += entry.size();
+    return EntriesAt + used < file_->layout().pageSize;
 }
 
 void IndexLeaf::insert(const IndexKey& key, RowPointer row) {
-    std::vector<IndexKey> all = entries();
+    if (!fits(1, key.size())) throw Damaged("un indice è pieno");
+    const auto old = readPage();
+    std::vector<IndexKey> entries = entriesOf(old);
     IndexKey entry = key;
     for (const unsigned shift : {16U, 8U, 0U})
         entry.push_back(static_cast<std::uint8_t>(row.page >> shift & 0xFF));
     entry.push_back(row.row);
-    all.insert(std::ranges::upper_bound(all, entry), entry);
+    entries.insert(std::ranges::upper_bound(entries, entry, comesBefore), entry);
 
-    const auto old = file_->reader()->page(page_);
     auto page = emptyPage(file_->layout(), u32At(&old[DefinitionAt]));
     std::size_t end = EntriesAt;
-    for (const IndexKey& each : all) {
+    for (const IndexKey& each : entries) {
         std::ranges::copy(each, page.begin() + static_cast<std::ptrdiff_t>(end));
         end += each.size();
         const std::size_t bit = end - EntriesAt;

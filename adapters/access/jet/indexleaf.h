@@ -27,12 +27,13 @@ public:
 
     IndexLeaf(PageFile& file, std::uint32_t page) : file_(&file), page_(page) {}
 
-    /// True when one more entry of `keySize` bytes fits.
-    [[nodiscard]] bool fits(std::size_t keySize) const;
+    /// True when `count` more entries with keys of `keySize` bytes fit.
+    [[nodiscard]] bool fits(std::size_t count, std::size_t keySize) const;
+    /// Raises Damaged when the page is no such index or has no room.
     void insert(const IndexKey& key, RowPointer row);
 
 private:
-    [[nodiscard]] std::vector<IndexKey> entries() const;
+    [[nodiscard]] std::vector<std::uint8_t> readPage() const;
 
     PageFile* file_;
     std::uint32_t page_;

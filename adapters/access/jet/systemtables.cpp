@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/jet/systemtables.h"
 
+#include "adapters/access/jet/bytes.h"
 #include "adapters/access/jet/fileerror.h"
 #include "adapters/access/jet/indexleaf.h"
 #include "adapters/access/jet/newcolumns.h"
@@ -56,6 +57,7 @@ constexpr std::uint16_t Admins = 0x658B;
 constexpr std::uint16_t Creator = 0x658E;
 
 constexpr std::int32_t AllTableRights = 0x0FFEFF;
+constexpr std::size_t PermissionsPerTable = 3;
 
 struct SystemTable {
     std::vector<ColumnDefinition> columns;
@@ -175,14 +177,24 @@ void makeSystemTables(PageAllocator& allocator) {
 CatalogWriter::CatalogWriter(PageAllocator& allocator)
     : file_(&allocator.file()),
       objects_(allocator, CatalogPage),
-      permissions_(allocator, PermissionsPage) {}
+      permissions_(allocator, PermissionsPage) {
+    const std::size_t indexes = hasIndexes() ? 1 : 0;
+    const bool known = objects_.definition().columns.size() == 17 &&
+                       objects_.tail().indexPages.size() == 2 * indexes &&
+                       permissions_.definition().columns.size() == 4 &&
+                       permissions_.tail().indexPages.size() == indexes;
+    if (!known) throw Damaged("il catalogo non ha la forma dovuta");
+}
 
 void CatalogWriter::checkTable(std::string_view name) const {
     if (!hasIndexes()) return;
-    const std::size_t longest = parentAndNameKey(Tables, name).size();
-    for (const std::uint32_t page : objects_.tail().indexPages)
-        if (!IndexLeaf(*file_, page).fits(longest))
-            throw fileError(ErrorNumber::InvalidCall, file_->path(), "contiene troppe tabelle");
+    const std::size_t nameKey = parentAndNameKey(Tables, name).size();
+    const auto& objectIndexes = objects_.tail().indexPages;
+    const bool fits = IndexLeaf(*file_, objectIndexes[0]).fits(1, nameKey) &&
+                      IndexLeaf(*file_, objectIndexes[1]).fits(1, idKey(0).size()) &&
+                      IndexLeaf(*file_, permissions_.tail().indexPages[0])
+                          .fits(PermissionsPerTable, idKey(0).size());
+    if (!fits) throw fileError(ErrorNumber::InvalidCall, file_->path(), "contiene troppe tabelle");
 }
 
 void CatalogWriter::addTable(std::string_view name, std::uint32_t definitionPage) {
@@ -206,8 +218,8 @@ void CatalogWriter::add(const Object& object) {
     objects_.flush();
     if (!hasIndexes()) return;
     const auto& indexes = objects_.tail().indexPages;
-    IndexLeaf(*file_, indexes.at(0)).insert(parentAndNameKey(object.parent, object.name), row);
-    IndexLeaf(*file_, indexes.at(1)).insert(idKey(object.id), row);
+    IndexLeaf(*file_, indexes[0]).insert(parentAndNameKey(object.parent, object.name), row);
+    IndexLeaf(*file_, indexes[1]).insert(idKey(object.id), row);
 }
 
 void CatalogWriter::add(const Permission& permission) {
@@ -216,8 +228,7 @@ void CatalogWriter::add(const Permission& permission) {
     const RowPointer row = permissions_.append(values);
     permissions_.flush();
     if (hasIndexes())
-        IndexLeaf(*file_, permissions_.tail().indexPages.at(0))
-            .insert(idKey(permission.object), row);
+        IndexLeaf(*file_, permissions_.tail().indexPages[0]).insert(idKey(permission.object), row);
 }
 
 }  // namespace velt::jet

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/access/jet/textcodec.h"
+
+#include "adapters/access/jet/textencoder.h"
+#include "platform/runtimeerror.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace velt::jet {
+namespace {
+
+constexpr auto Jet3 = TextEncoding::Windows1252;
+constexpr auto Jet4 = TextEncoding::Utf16;
+
+Bytes asBytes(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+TEST(TextCodec, DecodesStoredText) {
+    using namespace std::string_literals;
+    const struct {
+        TextEncoding encoding;
+        std::string stored;
+        std::string text;
+    } cases[] = {
+        {Jet3, "", ""},
+        {Jet3, "RTU01", "RTU01"},
+        {Jet3, "pi\xF9 \x80", "più €"},
+        {Jet3, "lungo abbastanza \x81", "lungo abbastanza \uFFFD"},
+        {Jet4, "", ""},
+        {Jet4, "A\0B\0"s, "AB"},
+        {Jet4, "\xF9\0\xAC\x20"s, "ù€"},
+        {Jet4, "\x3D\xD8\x00\xDE"s, "\U0001F600"},
+        {Jet4, "\x3D\xD8"s, "\uFFFD"},  // half of a pair
+        {Jet4,
+         "\x3D\xD8"
+         "A\0"s,
+         "\uFFFDA"},
+        {Jet4, "\x3D\xD8\x3D\xD8\x00\xDE"s, "\uFFFD\U0001F600"},
+        {Jet4,
+         "\x00\xDE"
+         "A\0"s,
+         "\uFFFDA"},                 // the other half
+        {Jet4, "A\0B"s, "A\uFFFD"},  // cut
+        {Jet4, "\xFF\xFE", ""},
+        {Jet4,
+         "\xFF\xFE"
+         "Livello serbatoio",
+         "Livello serbatoio"},
+        {Jet4,
+         "\xFF\xFE"
+         "citt\xE0",
+         "città"},
+        {Jet4,
+         "\xFF\xFE"
+         "a\0\xAC\x20\0b"s,
+         "a€b"},  // plain for one character
+        {Jet4,
+         "\xFF\xFE"
+         "a\0\xAC\x20"s,
+         "a€"},
+        {Jet4,
+         "\xFF\xFE"
+         "a\0\xAC"s,
+         "a\uFFFD"},
+        {Jet4, "\xFF", "\uFFFD"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(decodeText(asBytes(c.stored), c.encoding), c.text)
+            << testing::PrintToString(c.stored);
+}
+
+// Eight bytes are looked at in one step: the odd one must be seen wherever it stands.
+TEST(TextCodec, SeesTheOneByteThatIsNotPlain) {
+    for (std::size_t size = 1; size <= 20; ++size)
+        for (std::size_t at = 0; at < size; ++at)
+            for (const char odd : {'\0', '\x80', '\xFF', '\x01', '\x7F'}) {
+                std::string text(size, 'a');
+                text[at] = odd;
+                EXPECT_EQ(isPlain(asBytes(text)), odd == '\x01' || odd == '\x7F');
+            }
+}
+
+TEST(TextCodec, EncodesWhatItDecodes) {
+    for (const std::string text : {"", "a", "ab", "abc", "à", "è più caldo", "€", "tre €",
+                                   "\u0100\u0101\u0102", "\U0001F600", "a\U0001F600"})
+        for (const bool compressible : {false, true}) {
+            std::vector<std::uint8_t> stored;
+            appendText(text, Jet4, compressible, stored);
+            EXPECT_EQ(decodeText(stored, Jet4), text);
+        }
+    std::vector<std::uint8_t> stored;
+    EXPECT_EQ(appendText("tre € più", Jet3, false, stored), 9U);
+    EXPECT_EQ(decodeText(stored, Jet3), "tre € più");
+}
+
+TEST(TextCodec, CountsTheCharactersOfTheFile) {
+    std::vector<std::uint8_t> stored;
+    EXPECT_EQ(appendText("città", Jet4, true, stored), 5U);
+    EXPECT_EQ(stored.size(), 7U);  // with the mark of compressed text
+    EXPECT_EQ(appendText("\U0001F600", Jet4, true, stored), 2U);
+}
+
+TEST(TextCodec, ReplacesWhatIsNotUtf8) {
+    for (const std::string broken :
+         {"\x80", "\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xE2\x82", "\xFF"}) {
+        std::vector<std::uint8_t> stored;
+        appendText("a" + broken + "b", Jet4, true, stored);
+        const std::string text = decodeText(stored, Jet4);
+        EXPECT_EQ(text.substr(0, 4), "a\uFFFD") << testing::PrintToString(broken);
+        EXPECT_EQ(text.back(), 'b');
+    }
+}
+
+TEST(TextCodec, RefusesWhatTheFormatCannotHold) {
+    std::vector<std::uint8_t> stored;
+    EXPECT_THROW(appendText("\uFEFFabc", Jet4, true, stored), RuntimeError);
+    EXPECT_THROW(appendText("\u0100", Jet3, false, stored), RuntimeError);
+}
+
+TEST(TextCodec, ComparesNamesCaseBlind) {
+    EXPECT_TRUE(sameName("Località", "LOCALITÀ"));
+    EXPECT_FALSE(sameName("Località", "Localita"));
+    EXPECT_FALSE(sameName("×", "÷"));  // 0xD7 and 0xF7 are no letters
+    EXPECT_FALSE(sameName("[", "{"));
+}
+
+}  // namespace
+}  // namespace velt::jet
