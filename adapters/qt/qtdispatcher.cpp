@@ -114,7 +114,9 @@ void QtDispatcher::waitFor(Job& job, QEventLoop& loop) {
         progress->show();
     });
     discarder_.switchOn();
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
     loop.exec();
+    QGuiApplication::restoreOverrideCursor();
     discarder_.switchOff();
     delete progress;
 }

@@ -109,6 +109,27 @@ TEST_F(RealFilesTest, TellsWhatIsWrongAndGoesOnWhenItIsMended) {
     viewer->Terminate();
 }
 
+TEST_F(RealFilesTest, WhatTheOperatorChoseIsSavedEvenWhenTheControlGoesDuringAMessage) {
+    writeAlarms(10);
+    auto viewer = shown();
+    ASSERT_TRUE(eventually([&] { return model(*viewer, "lvVRX")->rowCount() == 3; }));
+    click(*viewer, "cmdSeleziona");
+    settle();
+    test::writeBytes(file, "not a database any more");
+    reader.disconnect();
+    QObject::connect(&reader, &QTimer::timeout, [&viewer] {
+        if (!viewer || !QApplication::activeModalWidget()) return;
+        viewer->Terminate();
+        viewer.reset();
+    });
+    click(*viewer, "cmdAggiornaDati");
+    ASSERT_TRUE(eventually([&] { return !viewer; }));
+    settle();
+    EXPECT_THAT(test::bytesOf(folder / "panel.ini"), HasSubstr("ListCount=3"));
+    EXPECT_THAT(test::bytesOf(folder / "panel.ini"), HasSubstr("List3=1"));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
 TEST_F(RealFilesTest, MayBeClosedAtAnyMoment) {
     writeAlarms(20000);
     for (int turns = 0; turns < 12; ++turns) {

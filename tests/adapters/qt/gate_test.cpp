@@ -249,6 +249,26 @@ TEST_F(GateTest, WindowsTakeNoInputDuringAWait) {
     EXPECT_EQ(edit->text(), "typed");
 }
 
+TEST_F(GateTest, YieldPaintsAndDoesNothingElse) {
+    class Painted final : public QWidget {
+    public:
+        int times = 0;
+
+    private:
+        void paintEvent(QPaintEvent*) override { ++times; }
+    } window;
+    window.show();
+    settle();
+    const int before = window.times;
+    QTimer::singleShot(0, &context, note("timer"));
+    dispatcher.post(note("posted"));
+    QCoreApplication::postEvent(&window, new QKeyEvent(QEvent::KeyPress, Qt::Key_A, {}));
+    window.update();
+    dispatcher.yield();
+    EXPECT_EQ(window.times, before + 1);
+    EXPECT_THAT(log, IsEmpty());
+}
+
 TEST_F(GateTest, WhatTheWorkThrowsComesBack) {
     control->operatorInput([this] {
         try {
