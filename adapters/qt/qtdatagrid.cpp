@@ -48,6 +48,8 @@ QtDataGrid::QtDataGrid(GatedControl& control, QTableView* view, QtDataControl& d
     view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     QHeaderView* header = view->horizontalHeader();
     header->setMinimumSectionSize(0);
+    // A selection of its own, always empty: a header looks through all selected rows to paint.
+    header->setSelectionModel(new QItemSelectionModel(&model_, header));
     header->viewport()->installEventFilter(this);
     connect(header, &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { sectionResized(column, width); });
@@ -195,12 +197,12 @@ bool QtDataGrid::eventFilter(QObject* watched, QEvent* event) {
 
 void QtDataGrid::copySelection() {
     if (!view_ || !model_.rows()) return;
-    const auto text = std::make_shared<std::string>();
+    const auto text = std::make_shared<QString>();
     dispatcher_.run([text, rows = model_.rows(), ranges = selectedRanges(*view_),
                      locale = locale_](const std::stop_token& stop) {
-        *text = tabSeparated(*rows, ranges, locale, stop);
+        *text = toQt(tabSeparated(*rows, ranges, locale, stop));
     });
-    if (!text->empty()) QGuiApplication::clipboard()->setText(toQt(*text));
+    if (!text->isEmpty()) QGuiApplication::clipboard()->setText(*text);
 }
 
 }  // namespace velt::qt

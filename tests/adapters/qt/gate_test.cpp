@@ -258,6 +258,7 @@ TEST_F(GateTest, YieldPaintsAndDoesNothingElse) {
         void paintEvent(QPaintEvent*) override { ++times; }
     } window;
     window.show();
+    ASSERT_TRUE(eventually([&window] { return window.times > 0; }));
     settle();
     const int before = window.times;
     QTimer::singleShot(0, &context, note("timer"));
