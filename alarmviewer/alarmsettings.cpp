@@ -2,6 +2,7 @@
 // What an alarm viewer keeps in its settings file.
 #include "alarmviewer/alarmviewer.h"
 #include "alarmviewer/intervallo.h"
+#include "framework/readnumber.h"
 #include "platform/conversions.h"
 
 #include <algorithm>
@@ -11,12 +12,6 @@ namespace {
 
 std::string listKey(int row) { return "List" + std::to_string(row); }
 std::string widthKey(int column) { return "DGColumnWidth" + std::to_string(column); }
-
-/// A whole number that stands as text in the settings file; unreadable text reads as `fallback`.
-int readNumber(Settings& settings, const std::string& key, int fallback) {
-    const std::string text = settings.LeggiStringa(key, std::to_string(fallback));
-    return conversions::plainInteger(text).value_or(fallback);
-}
 
 }  // namespace
 

@@ -8,6 +8,7 @@
 #include "platform/services.h"
 #include "platform/settings.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -72,6 +73,10 @@ protected:
     void source(const std::string& value);
 
     [[nodiscard]] Services& services() const { return services_; }
+    /// To run the handlers of a data source's events through, so that the host gets their errors.
+    void handle(const std::function<void()>& handler) { ambient_.Handle(handler); }
+    /// Whether this was run time when the host was last asked.
+    [[nodiscard]] bool runMode() const { return runMode_; }
     /// A settings object on FileIni, in this instance's section; null without a FileIni.
     [[nodiscard]] std::unique_ptr<Settings> openSettings() const;
     /// The control's name, "_", and the display name that the host gives the instance. The display

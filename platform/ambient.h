@@ -3,6 +3,7 @@
 
 #include "platform/export.h"
 
+#include <functional>
 #include <string>
 
 namespace velt {
@@ -15,6 +16,10 @@ public:
     [[nodiscard]] virtual bool UserMode() const = 0;
     /// The name that the host gives this instance of the control.
     [[nodiscard]] virtual std::string DisplayName() const = 0;
+    /// Runs a handler of the control for an event that no widget of the host has raised. A host
+    /// that reports the errors of its controls takes one that leaves the handler; by default it
+    /// goes on to who raised the event.
+    virtual void Handle(const std::function<void()>& handler) { handler(); }
 };
 
 }  // namespace velt

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 /// The widgets of a control as its logic sees them. Events are raised for what the operator does;
@@ -115,6 +116,10 @@ public:
     virtual void AdjustColumns(int minimum, int column) = 0;
 
     Event<> DblClick;
+    /// The operator has chosen a row, by mouse or keyboard, or has clicked the list anywhere.
+    Event<> Click;
+    /// The operator has activated the selected row: by Enter or a double click.
+    Event<> ItemActivate;
 };
 
 /// A read-only grid that shows the rows of a DataControl.
@@ -170,6 +175,120 @@ public:
     virtual void Enabled(bool enabled) = 0;
 
     Event<> Tick;
+};
+
+/// The columns of a list view, which count from 0. Twips.
+class VELT_API ListColumns {
+public:
+    virtual ~ListColumns() = default;
+    virtual void ColumnWidth(int column, int twips) = 0;
+};
+
+/// The small pictures before the texts of a list view, whose rows count from 1.
+class VELT_API ListIcons {
+public:
+    virtual ~ListIcons() = default;
+    /// Shows picture `icon` of the list's own; a number without a picture shows none.
+    virtual void Icon(int row, int icon) = 0;
+};
+
+/// A widget whose size the logic governs. Twips, from the upper left corner of its parent; a
+/// negative size raises RuntimeError 5.
+class VELT_API Placed {
+public:
+    virtual ~Placed() = default;
+    [[nodiscard]] virtual int Left() const = 0;
+    [[nodiscard]] virtual int Top() const = 0;
+    [[nodiscard]] virtual int Width() const = 0;
+    virtual void Width(int twips) = 0;
+    [[nodiscard]] virtual int Height() const = 0;
+    virtual void Height(int twips) = 0;
+};
+
+/// The control itself as a widget of its host: outer size, and the inner size that its widgets
+/// have for themselves. Twips.
+class VELT_API Surface {
+public:
+    virtual ~Surface() = default;
+    [[nodiscard]] virtual int Width() const = 0;
+    virtual void Width(int twips) = 0;
+    [[nodiscard]] virtual int Height() const = 0;
+    virtual void Height(int twips) = 0;
+    [[nodiscard]] virtual int ScaleWidth() const = 0;
+    [[nodiscard]] virtual int ScaleHeight() const = 0;
+};
+
+class VELT_API TextBox {
+public:
+    virtual ~TextBox() = default;
+    [[nodiscard]] virtual std::string Text() const = 0;
+};
+
+/// A table of texts whose rows are found by their key, in constant time. Rows count from 1 in the
+/// order of their adding, whatever order is shown. Column 0 is the row's own text, the others are
+/// its sub-items, "" at first. What is shown may follow the assignments after a moment, so that a
+/// burst of them is painted once.
+class VELT_API ReportList {
+public:
+    enum class Order { Ascending, Descending };
+
+    virtual ~ReportList() = default;
+    virtual void Clear() = 0;
+    /// A key in use raises RuntimeError 457. `smallIcon` names a picture of the form's image list.
+    virtual void Add(const std::string& key, const std::string& text,
+                     const std::string& smallIcon) = 0;
+    [[nodiscard]] virtual int Count() const = 0;
+    [[nodiscard]] virtual std::string Key(int row) const = 0;
+    /// Row of a key, 0 when there is none.
+    [[nodiscard]] virtual int RowOf(const std::string& key) const = 0;
+    virtual void SubItem(int row, int column, const std::string& text) = 0;
+    /// The selected row, 0 when there is none.
+    [[nodiscard]] virtual int SelectedItem() const = 0;
+
+    /// The column that the rows are sorted by.
+    [[nodiscard]] virtual int SortKey() const = 0;
+    virtual void SortKey(int column) = 0;
+    [[nodiscard]] virtual Order SortOrder() const = 0;
+    virtual void SortOrder(Order order) = 0;
+
+    /// The operator has clicked the head of a column.
+    Event<int> ColumnClick;
+};
+
+/// A small area in a colour that the operator can press. A double click raises DblClick alone.
+class VELT_API ColorLabel {
+public:
+    virtual ~ColorLabel() = default;
+    [[nodiscard]] virtual OleColor BackColor() const = 0;
+    virtual void BackColor(OleColor color) = 0;
+
+    Event<> Click;
+    Event<> DblClick;
+};
+
+/// A sign that is there or not.
+class VELT_API Marker {
+public:
+    virtual ~Marker() = default;
+    [[nodiscard]] virtual bool Visible() const = 0;
+    virtual void Visible(bool visible) = 0;
+};
+
+class VELT_API ColorDialog {
+public:
+    virtual ~ColorDialog() = default;
+    /// Lets the operator choose, beginning at `preset`; nothing when the dialog was cancelled.
+    [[nodiscard]] virtual std::optional<OleColor> ShowColor(OleColor preset) = 0;
+};
+
+/// The mouse pointer over a control.
+class VELT_API Pointer {
+public:
+    static constexpr int Default = 0;
+    static constexpr int Hourglass = 11;
+
+    virtual ~Pointer() = default;
+    virtual void MousePointer(int shape) = 0;
 };
 
 }  // namespace velt

@@ -6,8 +6,10 @@
 #include "platform/database.h"
 #include "platform/runtimeerror.h"
 
+#include <limits>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,16 +20,40 @@ class FakeRowSet final : public RowSet {
 public:
     FakeRowSet() = default;
     FakeRowSet(std::vector<std::string> names, std::vector<std::vector<Variant>> rows)
-        : names_(std::move(names)), rows_(std::move(rows)) {}
+        : names_(std::move(names)), rows_(std::move(rows)), numbers_(names_.size()) {
+        for (std::size_t column = 0; column < names_.size(); ++column) fillNumbers(column);
+    }
     std::size_t rowCount() const override { return rows_.size(); }
     std::size_t columnCount() const override { return names_.size(); }
     const std::string& columnName(std::size_t column) const override { return names_[column]; }
     Variant value(std::size_t row, std::size_t column) const override { return rows_[row][column]; }
-    std::span<const double> doubles(std::size_t) const override { return {}; }
+    std::span<const double> doubles(std::size_t column) const override { return numbers_[column]; }
 
 private:
+    void fillNumbers(std::size_t column) {
+        for (const std::vector<Variant>& row : rows_) {
+            const std::optional<double> number = std::visit(numberOf, row[column].storage());
+            if (!number) return numbers_[column].clear();
+            numbers_[column].push_back(*number);
+        }
+    }
+    static constexpr auto numberOf = [](const auto& held) -> std::optional<double> {
+        using T = std::decay_t<decltype(held)>;
+        if constexpr (std::is_same_v<T, Null>)
+            return std::numeric_limits<double>::quiet_NaN();
+        else if constexpr (std::is_same_v<T, bool>)
+            return held ? -1.0 : 0.0;
+        else if constexpr (std::is_same_v<T, Date>)
+            return held.serial();
+        else if constexpr (std::is_arithmetic_v<T>)
+            return static_cast<double>(held);
+        else
+            return std::nullopt;
+    };
+
     std::vector<std::string> names_;
     std::vector<std::vector<Variant>> rows_;
+    std::vector<std::vector<double>> numbers_;
 };
 
 /// What the answers to statements are, and what was asked so far.
@@ -36,6 +62,7 @@ struct FakeDatabaseState {
     std::map<std::string, std::shared_ptr<const RowSet>> answers;
     std::map<std::string, RuntimeError> failures;
     std::optional<RuntimeError> connectFailure;
+    std::set<std::string> missingTables;
     int connectionState = ado::StateOpen;  ///< of the connections that GetConnection gives
     std::vector<std::string> log;
 };
@@ -153,8 +180,8 @@ public:
     std::string FieldCondition(const std::string& field, const std::string& value) override {
         return field + " is <" + value + ">";
     }
-    bool TableExists(const std::shared_ptr<Connection>&, const std::string&) override {
-        return true;
+    bool TableExists(const std::shared_ptr<Connection>&, const std::string& table) override {
+        return !missingTables.contains(table);
     }
 };
 

@@ -7,6 +7,8 @@
 #include "platform/propertybag.h"
 #include "platform/services.h"
 #include "tests/fakes/fakedatabase.h"
+#include "tests/fakes/fakeruntimeclient.h"
+#include "tests/fakes/fakeopc.h"
 
 #include <map>
 #include <set>
@@ -117,7 +119,9 @@ private:
         }
         std::int16_t LeggiIntero(const std::string& key, std::int16_t fallback) override {
             const auto number = conversions::plainInteger(LeggiStringa(key, ""));
-            return number ? static_cast<std::int16_t>(*number) : fallback;
+            return number && *number == static_cast<std::int16_t>(*number)
+                       ? static_cast<std::int16_t>(*number)
+                       : fallback;
         }
         void ScriviIntero(const std::string& key, std::int16_t value) override {
             ScriviStringa(key, std::to_string(value));
@@ -141,6 +145,8 @@ public:
     Clock& clock() override { return settingsFactory.clock; }
     Dispatcher& dispatcher() override { return inlineDispatcher; }
     const Locale& locale() override { return italian; }
+    RuntimeClientFactory& runtimeClients() override { return runtimes; }
+    OPCServerFactory& opcServers() override { return opcFactory; }
 
     FakeSettingsFactory settingsFactory;
     FakeDatabase fakeDatabase;
@@ -149,6 +155,8 @@ public:
     FakeMessageBox messages;
     InlineDispatcher inlineDispatcher;
     Locale italian;
+    FakeRuntimeClientFactory runtimes;
+    FakeOPCServerFactory opcFactory;
 };
 
 }  // namespace velt::fakes

@@ -6,8 +6,10 @@
 #include "platform/runtimeerror.h"
 #include "platform/widgets.h"
 
+#include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace velt::fakes {
@@ -142,6 +144,14 @@ public:
         selected_ = row;
         DblClick.raise();
     }
+    void click(int row) {
+        selected_ = row;
+        Click.raise();
+    }
+    void activate(int row) {
+        selected_ = row;
+        ItemActivate.raise();
+    }
 
 private:
     struct Row {
@@ -255,6 +265,87 @@ public:
 private:
     int interval_ = 0;
     bool enabled_ = false;
+};
+
+struct FakeListColumns final : ListColumns {
+    void ColumnWidth(int column, int twips) override { widths.emplace_back(column, twips); }
+    std::vector<std::pair<int, int>> widths;
+};
+
+struct FakeListIcons final : ListIcons {
+    void Icon(int row, int icon) override { icons.emplace_back(row, icon); }
+    std::vector<std::pair<int, int>> icons;
+};
+
+class FakePlaced final : public Placed {
+public:
+    FakePlaced(int left, int top, int width, int height)
+        : left_(left), top_(top), width_(width), height_(height) {}
+    int Left() const override { return left_; }
+    int Top() const override { return top_; }
+    int Width() const override { return width_; }
+    void Width(int twips) override { width_ = size(twips); }
+    int Height() const override { return height_; }
+    void Height(int twips) override { height_ = size(twips); }
+
+private:
+    static int size(int twips) {
+        if (twips < 0) throw RuntimeError(ErrorNumber::InvalidCall);
+        return twips;
+    }
+    int left_, top_, width_, height_;
+};
+
+/// A control with a border around its inner size.
+struct FakeSurface final : Surface {
+    int Width() const override { return width; }
+    void Width(int twips) override { width = twips; }
+    int Height() const override { return height; }
+    void Height(int twips) override { height = twips; }
+    int ScaleWidth() const override { return width - border; }
+    int ScaleHeight() const override { return height - border; }
+    int width = 9435;
+    int height = 4110;
+    int border = 0;
+};
+
+class FakeColorLabel final : public ColorLabel {
+public:
+    OleColor BackColor() const override { return color_; }
+    void BackColor(OleColor color) override { color_ = color; }
+    // The operator.
+    void click() { Click.raise(); }
+    void doubleClick() { DblClick.raise(); }
+
+private:
+    OleColor color_ = 0;
+};
+
+class FakeMarker final : public Marker {
+public:
+    bool Visible() const override { return visible_; }
+    void Visible(bool visible) override { visible_ = visible; }
+
+private:
+    bool visible_ = false;
+};
+
+class FakeColorDialog final : public ColorDialog {
+public:
+    std::optional<OleColor> ShowColor(OleColor color) override {
+        preset = color;
+        if (failure) throw RuntimeError(*failure);
+        return answer;
+    }
+    OleColor preset = 0;
+    std::optional<OleColor> answer;  ///< none: the operator cancels
+    std::optional<RuntimeError> failure;
+};
+
+class FakePointer final : public Pointer {
+public:
+    void MousePointer(int shape) override { shapes.push_back(shape); }
+    std::vector<int> shapes;
 };
 
 }  // namespace velt::fakes

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/chart.h"
+
+namespace velt {
+
+/// The samples from `from` to `to`, both inclusive, as at most `maxPoints` points: one for each
+/// sample while they are no more, else one for each of `maxPoints` equal stretches of time that
+/// holds any.
+[[nodiscard]] VELT_API ChartCurve reduce(const ChartSamples& samples, ChartTime from, ChartTime to,
+                                         int maxPoints);
+
+}  // namespace velt
