@@ -72,6 +72,7 @@ void TrendLoading::run(const std::stop_token& stop) {
     grafico.Lunghezza(conversions::roundToInt32(static_cast<double>(secondsBetween(start, end))));
 
     ChartContents whole;
+    whole.title = stazione;
     whole.start = start.milliseconds();
     whole.end = end.milliseconds();
     whole.divisions = divisions;

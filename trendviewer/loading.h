@@ -34,6 +34,7 @@ namespace velt {
 /// thread.
 struct TrendLoading {
     clsGrafico grafico;  ///< in: the pens; out: their samples, and the time base
+    std::string stazione;
     std::array<std::shared_ptr<const RowSet>, ChartSeriesCount> rows;
     Date start;
     Date end;

@@ -45,6 +45,7 @@ void TrendViewer::carica(const std::string& path) {
     const Waiting waiting(form_.pointer);
     const auto loading = std::make_shared<TrendLoading>();
     loading->grafico = grafico_;
+    loading->stazione = form_.cmbVRX.Text();
     loading->start = form_.DataIniziale.Value();
     loading->end = form_.DataFinale.Value();
     loading->divisions = divisions_;

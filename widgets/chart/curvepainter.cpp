@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/chart/curvepainter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velt::ui {
+namespace {
+
+constexpr double LineWidth = 1.5;
+constexpr double DotWidth = 4;         // of a sample that has no neighbour
+constexpr qsizetype PieceLength = 64;  // vertices: long jagged lines are slow to draw in one
+constexpr double NumberBox = 13;       // pixels
+
+class PolylineMaker {
+public:
+    PolylineMaker(const ChartGeometry& geometry, std::size_t series, bool steps)
+        : geometry_(geometry), series_(series), steps_(steps) {}
+
+    void add(const ChartPoint& point) {
+        if (!point.joined || lines_.empty()) lines_.emplace_back();
+        ChartSample early = point.minimum;
+        ChartSample late = point.maximum;
+        if (late.time < early.time) std::swap(early, late);
+        addVertex(point.first);
+        if (early != point.first) addVertex(early);
+        if (late != early) addVertex(late);
+        if (point.last != late) addVertex(point.last);
+    }
+    std::vector<QPolygonF> take() { return std::move(lines_); }
+
+private:
+    void addVertex(const ChartSample& sample) {
+        QPolygonF& line = lines_.back();
+        const QPointF vertex(geometry_.xOf(sample.time), geometry_.yOf(series_, sample.value));
+        if (steps_ && !line.isEmpty()) line.append(QPointF(vertex.x(), line.last().y()));
+        line.append(vertex);
+    }
+
+    const ChartGeometry& geometry_;
+    std::size_t series_;
+    bool steps_;
+    std::vector<QPolygonF> lines_;
+};
+
+void paintCurve(QPainter& painter, const QColor& color, const std::vector<QPolygonF>& lines) {
+    QPen pen(color, LineWidth, Qt::SolidLine, Qt::RoundCap, Qt::BevelJoin);
+    const QPen dot(color, DotWidth, Qt::SolidLine, Qt::RoundCap);
+    for (const QPolygonF& line : lines) {
+        const bool lonely = std::ranges::all_of(line, [&](const QPointF& p) {
+            return std::abs(p.x() - line.first().x()) < 0.5 &&
+                   std::abs(p.y() - line.first().y()) < 0.5;
+        });
+        painter.setPen(lonely ? dot : pen);
+        if (lonely) {
+            painter.drawPoint(line.first());
+            continue;
+        }
+        for (qsizetype begin = 0; begin + 1 < line.size(); begin += PieceLength)
+            painter.drawPolyline(line.constData() + begin,
+                                 static_cast<int>(std::min(PieceLength + 1, line.size() - begin)));
+    }
+}
+
+}  // namespace
+
+std::vector<QPolygonF> polylines(const ChartSeries& series, std::size_t index,
+                                 const ChartGeometry& geometry) {
+    if (!series.curve || !series.samples) return {};
+    PolylineMaker maker(geometry, index, series.samples->steps());
+    for (const ChartPoint& point : series.curve->points) maker.add(point);
+    return maker.take();
+}
+
+QColor readableOn(const QColor& color) {
+    // The weights of the eye, in thousandths.
+    const int light = (299 * color.red() + 587 * color.green() + 114 * color.blue()) / 1000;
+    return light > 140 ? Qt::black : Qt::white;
+}
+
+void paintPenNumber(QPainter& painter, const ChartDrawing& drawing, std::size_t series,
+                    const QPointF& at) {
+    const QRectF box(at.x() - NumberBox / 2, at.y() - NumberBox / 2, NumberBox, NumberBox);
+    const QColor& color = drawing.penColors[series];
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRoundedRect(box, 2, 2);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(readableOn(color));
+    painter.setFont(chartFont(drawing.font, static_cast<int>(NumberBox) - 3));
+    painter.drawText(box, Qt::AlignCenter, QString::number(series + 1));
+}
+
+void paintCurves(QPainter& painter, const ChartDrawing& drawing, const ChartGeometry& geometry) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF& plot = geometry.plot();
+    std::vector<std::pair<std::size_t, QPointF>> ends;
+    painter.setClipRect(plot.adjusted(-1, -1, 1, 1));
+    for (std::size_t k = 0; k < ChartSeriesCount; ++k) {
+        if (!drawing.shows(k)) continue;
+        const auto lines = polylines(drawing.contents->series[k], k, geometry);
+        if (lines.empty()) continue;
+        paintCurve(painter, drawing.penColors[k], lines);
+        ends.emplace_back(k, lines.back().last());
+    }
+    painter.setClipping(false);
+    for (const auto& [series, end] : ends)
+        paintPenNumber(painter, drawing, series,
+                       {std::min(end.x() + NumberBox, plot.right() + NumberBox),
+                        std::clamp(end.y(), plot.top(), plot.bottom())});
+    painter.restore();
+}
+
+}  // namespace velt::ui
