@@ -8,7 +8,7 @@ foreach(folder platform framework alarmviewer adapters/standard widgets)
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/${folder}/"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/velt/${folder}" FILES_MATCHING PATTERN "*.h")
 endforeach()
-install(TARGETS velt velt-panel RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS velt velt-panel velt-demo-server RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 set_target_properties(velt-panel PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
 set(config_folder "${CMAKE_INSTALL_LIBDIR}/cmake/VeltViewers")

@@ -3,6 +3,8 @@
 
 #include "demo/alarmdatabase.h"
 #include "demo/folderlock.h"
+#include "demo/plantserver.h"
+#include "demo/serverport.h"
 #include "platform/runtimeerror.h"
 
 #include <condition_variable>
@@ -29,7 +31,22 @@ struct Installation::Impl {
                 file, generator.history(now.addSeconds(-seconds), now, options.historyAlarms));
         }
         database = std::make_unique<AlarmDatabase>(file);
+        if (options.opcPort) startOpcServer(*options.opcPort);
         thread = std::jthread([this](const std::stop_token& stop) { run(stop); });
+    }
+
+    void startOpcServer(std::uint16_t port) {
+        PlantServerOptions plant;
+        plant.seed = options.seed;
+        plant.server.port = port;
+        plant.server.log = options.log;
+        if (port != 0 && !isPortFree(port)) {
+            if (options.log)
+                options.log("La porta " + std::to_string(port) +
+                            " è già in uso: il server OPC ne usa un'altra");
+            plant.server.port = 0;
+        }
+        server = startPlantServer(std::move(plant));
     }
 
     void run(const std::stop_token& stop) {
@@ -50,6 +67,7 @@ struct Installation::Impl {
     FolderLock lock;
     AlarmGenerator generator;
     std::unique_ptr<AlarmDatabase> database;
+    std::unique_ptr<OpcServer> server;
     std::mutex mutex;
     std::condition_variable_any wake;
     std::jthread thread;  // last: it uses all the others
@@ -62,5 +80,8 @@ Installation::~Installation() = default;
 
 fs::path Installation::alarmFile() const { return impl_->options.folder / "Allarmi.mdb"; }
 fs::path Installation::settingsFile() const { return impl_->options.folder / "pannello.ini"; }
+std::string Installation::opcEndpoint() const {
+    return impl_->server ? impl_->server->endpoint() : std::string();
+}
 
 }  // namespace velt::demo

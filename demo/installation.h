@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace velt::demo {
@@ -18,13 +19,16 @@ struct InstallationOptions {
     std::chrono::milliseconds alarmInterval{4000};  ///< between the alarms that come in
     int historyDays = 90;
     int historyAlarms = 20000;
+    /// Of the OPC UA server; 0: any that is free, nothing: no server. When the port is busy that is
+    /// told, and any other one is taken.
+    std::optional<std::uint16_t> opcPort;
     /// Told, on another thread, what went wrong while running.
     std::function<void(const std::string&)> log;
 };
 
 /// The demo installation: a plant in a data folder that lives while this object does. The first
-/// start writes an alarm history up to now; while it runs new alarms are appended. One at a time
-/// may use a folder. Errors are RuntimeError.
+/// start writes an alarm history up to now; while it runs new alarms are appended, and its OPC UA
+/// server serves the live values. One at a time may use a folder. Errors are RuntimeError.
 class Installation {
 public:
     Installation(InstallationOptions options, Clock& clock);
@@ -32,6 +36,8 @@ public:
 
     [[nodiscard]] std::filesystem::path alarmFile() const;
     [[nodiscard]] std::filesystem::path settingsFile() const;
+    /// "opc.tcp://localhost:PORT"; "" without a server.
+    [[nodiscard]] std::string opcEndpoint() const;
 
 private:
     struct Impl;

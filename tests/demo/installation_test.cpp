@@ -53,6 +53,22 @@ TEST_F(InstallationTest, WritesAHistoryAndGoesOnAppending) {
     EXPECT_EQ(rowsOf(file), after);
 }
 
+TEST_F(InstallationTest, TakesAnotherPortWhenItsOwnIsBusy) {
+    InstallationOptions first = options();
+    first.opcPort = 0;
+    const Installation holder(first, clock);
+    const std::string endpoint = holder.opcEndpoint();
+    std::string told;
+    InstallationOptions second = options();
+    second.folder = folder / "second";
+    second.opcPort =
+        static_cast<std::uint16_t>(std::stoi(endpoint.substr(endpoint.rfind(':') + 1)));
+    second.log = [&told](const std::string& text) { told += text; };
+    const Installation other(second, clock);
+    EXPECT_NE(other.opcEndpoint(), endpoint);
+    EXPECT_NE(told.find("già in uso"), std::string::npos) << told;
+}
+
 TEST_F(InstallationTest, AFolderServesOneAtATime) {
     const Installation first(options(), clock);
     EXPECT_THROW(Installation(options(), clock), RuntimeError);
