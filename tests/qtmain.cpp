@@ -48,7 +48,8 @@ namespace {
 /// What Qt says of a machine without a desktop, whatever a program does.
 bool isOfTheSurroundings(const QString& text) {
     return text.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set") ||
-           text == "This plugin does not support propagateSizeHints()";
+           text == "This plugin does not support propagateSizeHints()" ||
+           text == "This plugin does not support setParent!";
 }
 
 void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {

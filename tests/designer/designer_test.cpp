@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+// The plugins in the real form designer, without its windows.
+#include "tests/designer/formfile.h"
+#include "tests/qtmain.h"
+#include "widgets/controlwidget.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QUndoStack>
+#include <QtDesigner/QDesignerActionEditorInterface>
+#include <QtDesigner/QDesignerComponents>
+#include <QtDesigner/QDesignerFormEditorInterface>
+#include <QtDesigner/QDesignerFormEditorPluginInterface>
+#include <QtDesigner/QDesignerFormWindowCursorInterface>
+#include <QtDesigner/QDesignerFormWindowInterface>
+#include <QtDesigner/QDesignerFormWindowManagerInterface>
+#include <QtDesigner/QDesignerIntegration>
+#include <QtDesigner/QDesignerObjectInspectorInterface>
+#include <QtDesigner/QDesignerPropertyEditorInterface>
+#include <QtDesigner/QDesignerTaskMenuExtension>
+#include <QtDesigner/QDesignerWidgetBoxInterface>
+#include <QtDesigner/QDesignerWidgetDataBaseInterface>
+#include <QtDesigner/QExtensionManager>
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <set>
+
+namespace velt::ui {
+namespace {
+
+class DesignerTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        // The designer tries one widget of each class it knows.
+        const ExpectedWarning warning("QOpenGLWidget is not supported on this platform");
+        QCoreApplication::addLibraryPath(VELT_PLUGINS);
+        QDesignerComponents::initializeResources();
+        core = QDesignerComponents::createFormEditor(qApp);
+        core->setTopLevel(&window());
+        core->setWidgetBox(QDesignerComponents::createWidgetBox(core, nullptr));
+        core->setPropertyEditor(QDesignerComponents::createPropertyEditor(core, nullptr));
+        core->setObjectInspector(QDesignerComponents::createObjectInspector(core, nullptr));
+        core->setActionEditor(QDesignerComponents::createActionEditor(core, nullptr));
+        core->setIntegration(new QDesignerIntegration(core, core));
+        QDesignerComponents::createTaskMenu(core, core);
+        QDesignerComponents::initializePlugins(core);
+        // The designer's main window does this.
+        for (QObject* plugin : core->pluginInstances())
+            if (auto* extension = qobject_cast<QDesignerFormEditorPluginInterface*>(plugin))
+                extension->initialize(core);
+    }
+    DesignerTest() : form(core->formWindowManager()->createFormWindow(&window())) {
+        core->formWindowManager()->setActiveFormWindow(form);
+        form->setContents(test::formFile());
+    }
+    ~DesignerTest() override { delete form; }
+
+    static QWidget& window() {
+        static auto* top = new QWidget;  // outlives every test, and may outlive the application
+        return *top;
+    }
+    ControlWidget& control(const char* name) const {
+        auto* found = form->findChild<ControlWidget*>(name);
+        if (!found) throw std::runtime_error(std::string("no control ") + name);
+        return *found;
+    }
+    QDesignerTaskMenuExtension* menu(QWidget& widget) const {
+        return qt_extension<QDesignerTaskMenuExtension*>(core->extensionManager(), &widget);
+    }
+    /// Opens the page of a control, types, and presses a button of the dialog.
+    void edit(QWidget& widget, const char* source, const char* settings,
+              QDialogButtonBox::StandardButton button) const {
+        QTimer dialogComes;
+        QObject::connect(&dialogComes, &QTimer::timeout, [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            if (!dialog) return;
+            dialogComes.stop();
+            const auto edits = dialog->findChildren<QLineEdit*>();
+            dialog->findChild<QLineEdit*>("txtFileIni")->setText(settings);
+            for (QLineEdit* box : edits)
+                if (box->objectName() != "txtFileIni") box->setText(source);
+            dialog->findChild<QDialogButtonBox*>()->button(button)->click();
+        });
+        dialogComes.start(5);
+        menu(widget)->preferredEditAction()->trigger();
+    }
+
+    static QDesignerFormEditorInterface* core;
+    QDesignerFormWindowInterface* form;
+};
+
+QDesignerFormEditorInterface* DesignerTest::core = nullptr;
+
+TEST_F(DesignerTest, AFormComesBackAsItWasSaved) {
+    EXPECT_EQ(form->contents().toStdString(), test::formFile().toStdString());
+}
+
+TEST_F(DesignerTest, ThePageWritesInOneStepThatCanBeUndone) {
+    for (const test::FormControl& expected : test::formControls) {
+        ControlWidget& widget = control(expected.name);
+        const QVariant before = widget.property(expected.sourceProperty);
+        form->clearSelection();
+        form->selectWidget(&widget);
+        edit(widget, "altra sorgente", "altro.ini", QDialogButtonBox::Ok);
+        EXPECT_EQ(widget.property(expected.sourceProperty), "altra sorgente");
+        EXPECT_EQ(widget.property("FileIni"), "altro.ini");
+        const QString saved = form->contents().simplified();
+        EXPECT_TRUE(saved.contains(QLatin1String("<property name=\"") + expected.sourceProperty +
+                                   "\" stdset=\"0\"> <string notr=\"true\">altra sorgente<"))
+            << saved.toStdString();
+        form->commandHistory()->undo();
+        EXPECT_EQ(widget.property(expected.sourceProperty), before);
+        EXPECT_EQ(form->contents().toStdString(), test::formFile().toStdString());
+
+        edit(widget, "x", "y", QDialogButtonBox::Cancel);
+        EXPECT_EQ(widget.property(expected.sourceProperty), before);
+    }
+}
+
+TEST_F(DesignerTest, OnlyTheFirstOfSeveralControlsIsChanged) {
+    ControlWidget& first = control(test::formControls[0].name);
+    ControlWidget& second = control("AlarmViewer2");
+    form->clearSelection();
+    form->selectWidget(&second);
+    form->selectWidget(&first);
+    edit(second, "nuovo", "nuovo.ini", QDialogButtonBox::Ok);
+    const char* property = test::formControls[0].sourceProperty;
+    EXPECT_EQ(
+        (first.property("FileIni") == "nuovo.ini") + (second.property("FileIni") == "nuovo.ini"),
+        1);
+    EXPECT_NE(first.property(property).toString() == "nuovo",
+              second.property("File").toString() == "nuovo");
+}
+
+TEST_F(DesignerTest, OtherWidgetsHaveNoPage) {
+    QWidget* button = form->findChild<QPushButton*>();
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(menu(*button), nullptr);
+}
+
+/// Open files and sockets of this process.
+std::set<std::string> descriptors() {
+    std::set<std::string> open;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone;  // the descriptor of this very listing
+        open.insert(std::filesystem::read_symlink(entry.path(), gone).string());
+    }
+    return open;
+}
+
+TEST_F(DesignerTest, ControlsOnAFormTouchNothing) {
+    window().show();
+    form->show();
+    settle();
+    const auto before = descriptors();
+    for (const test::FormControl& expected : test::formControls) {
+        ControlWidget& widget = control(expected.name);
+        EXPECT_TRUE(widget.isDesignMode());
+        widget.setProperty(expected.sourceProperty, "/dev/null/missing.mdb");
+        widget.setProperty("FileIni", VELT_PLUGINS "/never-written.ini");
+        widget.hide();
+        widget.show();
+    }
+    QTest::qWait(100);  // longer than the timers of a first show
+    for (const test::FormControl& expected : test::formControls)
+        for (const QTimer* timer : control(expected.name).findChildren<QTimer*>())
+            EXPECT_FALSE(timer->isActive()) << expected.name;
+    EXPECT_EQ(descriptors(), before);
+    EXPECT_FALSE(std::filesystem::exists(VELT_PLUGINS "/never-written.ini"));
+}
+
+TEST_F(DesignerTest, TheWidgetBoxKnowsTheControls) {
+    for (const test::FormControl& expected : test::formControls) {
+        const QDesignerWidgetDataBaseInterface* database = core->widgetDataBase();
+        const int index = database->indexOfClassName(expected.className);
+        ASSERT_GE(index, 0) << expected.className;
+        const QDesignerWidgetDataBaseItemInterface* item = database->item(index);
+        EXPECT_TRUE(item->isCustom());
+        EXPECT_EQ(item->group(), "VELT Viewers");
+        EXPECT_FALSE(item->toolTip().isEmpty());
+        EXPECT_FALSE(item->icon().pixmap(24).isNull());
+    }
+}
+
+}  // namespace
+}  // namespace velt::ui
