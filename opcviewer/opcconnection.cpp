@@ -28,7 +28,12 @@ void OPCViewer::ConnettiOPC() {
     skipFailure([this] {
         if (ServerOPC_) return;
         ServerOPC_ = services().opcServers().create();
-        server().ServerShutDown.subscribe([this](const std::string&) { DisconnettiOPC(); });
+        server().ServerShutDown.subscribe([this](const std::string& reason) {
+            handle([&] {
+                DisconnettiOPC();
+                ConnectionLost.raise(reason);
+            });
+        });
     });
     bool disconnected = false;
     skipFailure([&] { disconnected = server().ServerState() == opc::Disconnected; });
@@ -46,7 +51,8 @@ void OPCViewer::ConnettiOPC() {
     skipFailure([this] { server().OPCGroups().DefaultGroupUpdateRate(UpdateRate); });
     skipFailure([this] {
         GruppoOPC_ = server().OPCGroups().Add(GroupName);
-        group().DataChange.subscribe([this](const DataChangeArgs& args) { mostraDati(args); });
+        group().DataChange.subscribe(
+            [this](const DataChangeArgs& args) { handle([&] { mostraDati(args); }); });
     });
     skipFailure([this] { group().IsSubscribed(true); });
     skipFailure([this] { group().OPCItems().DefaultIsActive(true); });

@@ -45,6 +45,9 @@ public:
     [[nodiscard]] const std::string& Hostname() const { return source(); }
     void Hostname(const std::string& node) { source(node); }
 
+    /// The server has shut down or is lost, for the reason given, and the control has let go of it.
+    Event<const std::string&> ConnectionLost;
+
 private:
     void applyBackColor(OleColor color) override;
     void applyForeColor(OleColor color) override;

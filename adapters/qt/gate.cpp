@@ -56,6 +56,18 @@ void Gate::event(const Owner& owner, const void* key, Call call) {
         events_.push_back({owner, key, std::move(call)});
 }
 
+void Gate::handle(const Owner& owner, const Call& call) {
+    if (!inside_) {
+        perform(owner, call);
+        followUp();
+        return;
+    }
+    const Owner outer = std::exchange(current_, owner);
+    const std::optional<RuntimeError> error = errorOf(call);
+    current_ = outer;
+    if (error) GatedControl::report(owner, *error);
+}
+
 void Gate::hostCall(const Owner& owner, Call call) {
     hostCalls_.push_back({owner, nullptr, std::move(call)});
     if (!inside_) followUp();

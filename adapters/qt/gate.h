@@ -44,6 +44,9 @@ public:
     /// Of the queued events of one owner and key only the newest is kept, at the place of the
     /// first; a null key stands for none.
     void event(const Owner& owner, const void* key, Call call);
+    /// The handler of an event that its source has raised by now: no gate can make it wait. Within
+    /// a call of no control, in which data sources raise theirs, it becomes the handler inside.
+    void handle(const Owner& owner, const Call& call);
     void hostCall(const Owner& owner, Call call);
     void terminate(const Owner& owner, Call call);
 

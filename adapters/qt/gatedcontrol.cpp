@@ -27,6 +27,11 @@ void GatedControl::event(const void* key, Gate::Call call) {
     if (self && !closed_) gate_.event(self, key, std::move(call));
 }
 
+void GatedControl::handle(const Gate::Call& call) {
+    const auto self = weak_from_this().lock();
+    if (self && !closed_) gate_.handle(self, call);
+}
+
 void GatedControl::hostCall(Gate::Call call) {
     if (!closed_) gate_.hostCall(shared_from_this(), std::move(call));
 }

@@ -24,6 +24,7 @@ public:
     /// is on the stack then, so that a handler may destroy any.
     bool operatorInput(Gate::Call call);
     void event(const void* key, Gate::Call call);
+    void handle(const Gate::Call& call);
     void hostCall(Gate::Call call);
     void terminate(Gate::Call call);
 

@@ -6,6 +6,7 @@
 #include "platform/ambient.h"
 #include "widgets/controlwidget.h"
 
+#include <functional>
 #include <string>
 
 namespace velt::ui {
@@ -22,6 +23,8 @@ public:
     [[nodiscard]] bool UserMode() const override;
     /// The widget's object name.
     [[nodiscard]] std::string DisplayName() const override;
+    /// Through the gate; an error is announced by the widget.
+    void Handle(const std::function<void()>& handler) override { handle(handler); }
 
 private:
     void announce(const RuntimeError& error) override;

@@ -385,5 +385,43 @@ TEST_F(GateTest, TheEndOfTheProgramEndsAWait) {
     EXPECT_THAT(log, ElementsAre("3059", "3059"));
 }
 
+TEST_F(GateTest, TheHandlerOfASourcesEventBelongsToItsControl) {
+    const auto fail = [](const char* text) { return [text] { throw RuntimeError(9, text); }; };
+    {
+        const ExpectedWarning first("one");
+        const ExpectedWarning second("two");
+        control->handle(fail("one"));
+        // As a source does it: in a call that belongs to nobody.
+        Gate::ofProcess().event(nullptr, nullptr, [&] {
+            control->handle(fail("two"));
+            note("the source goes on")();
+        });
+    }
+    EXPECT_THAT(control->errors, ElementsAre("9 one", "9 two"));
+    EXPECT_THAT(log, ElementsAre("the source goes on"));
+
+    // Its control is kept alive, and its wait is ended when the control goes.
+    log.clear();
+    const std::weak_ptr<TestControl> watched = control;
+    dispatcher.post([&] {
+        control->handle([&] {
+            QTimer::singleShot(0, &context, [&] {
+                control->close();
+                control.reset();
+            });
+            try {
+                dispatcher.run([](const std::stop_token& stop) {
+                    while (!stop.stop_requested()) std::this_thread::yield();
+                });
+            } catch (const RuntimeError& error) {
+                log.push_back(std::to_string(error.Number()));
+            }
+            if (!watched.expired()) log.emplace_back("alive");
+        });
+    });
+    EXPECT_TRUE(eventually([&] { return watched.expired(); }));
+    EXPECT_THAT(log, ElementsAre("3059", "alive"));
+}
+
 }  // namespace
 }  // namespace velt::qt
