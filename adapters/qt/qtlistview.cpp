@@ -11,16 +11,23 @@
 
 namespace velt::qt {
 
-QtListView::QtListView(GatedControl& control, QTableView* view) : view_(view) {
+QtListView::QtListView(GatedControl& control, QTableView* view) : control_(control), view_(view) {
     view->setModel(&model_);
     setUpRows(*view);
     view->horizontalHeader()->hide();
     view->setShowGrid(false);
     view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->installEventFilter(this);
     view->viewport()->installEventFilter(this);
     fitColumn();
-    connect(view, &QTableView::doubleClicked, this,
-            [this, &control] { control.operatorInput([this] { DblClick.raise(); }); });
+    connect(view, &QTableView::doubleClicked, this, [this] {
+        control_.operatorInput([this] { DblClick.raise(); });
+        activate();
+    });
+    connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+        // A row that the mouse has chosen is told of when the button goes up.
+        if (!mouseDown_) control_.operatorInput([this] { Click.raise(); });
+    });
 }
 
 QtListView::~QtListView() {
@@ -60,6 +67,10 @@ void QtListView::fitColumn() {
     if (view_) view_->setColumnWidth(0, std::max(minimumWidth_, view_->viewport()->width()));
 }
 
+void QtListView::activate() {
+    if (SelectedItem() != 0) control_.operatorInput([this] { ItemActivate.raise(); });
+}
+
 bool QtListView::isOnCheckBox(const QPoint& position) const {
     const QModelIndex index = view_->indexAt(position);
     if (!index.isValid()) return false;
@@ -76,15 +87,25 @@ bool QtListView::eventFilter(QObject* watched, QEvent* event) {
     if (!view_) return false;
     switch (event->type()) {
         case QEvent::Resize: fitColumn(); break;
+        case QEvent::KeyPress: {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Return || key == Qt::Key_Enter) activate();
+            break;
+        }
         case QEvent::MouseButtonDblClick:
             // On the check box itself its first click has toggled the mark: the second one would
             // take that back at once, here and again in the logic.
             ignoreRelease_ = isOnCheckBox(static_cast<QMouseEvent*>(event)->pos());
             if (ignoreRelease_) return true;
             break;
-        case QEvent::MouseButtonPress: ignoreRelease_ = false; break;
+        case QEvent::MouseButtonPress:
+            ignoreRelease_ = false;
+            mouseDown_ = true;
+            break;
         case QEvent::MouseButtonRelease:
+            mouseDown_ = false;
             if (std::exchange(ignoreRelease_, false)) return true;
+            control_.operatorInput([this] { Click.raise(); });
             break;
         default: break;
     }

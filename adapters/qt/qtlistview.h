@@ -11,7 +11,8 @@
 namespace velt::qt {
 
 /// Sets the view up as a list with check boxes. The operator toggles a mark by a click on its box
-/// or by the space bar; a double click is the logic's. Keeps its rows when the view is gone.
+/// or by the space bar; what activates a row (Enter, a double click) is the logic's. Keeps its rows
+/// when the view is gone.
 class QtListView final : public QObject, public ListView {
 public:
     QtListView(GatedControl& control, QTableView* view);
@@ -32,11 +33,14 @@ public:
 private:
     [[nodiscard]] bool isOnCheckBox(const QPoint& position) const;
     void fitColumn();
+    void activate();
 
+    GatedControl& control_;
     QPointer<QTableView> view_;
     CheckListModel model_;
     int minimumWidth_ = 0;
     bool ignoreRelease_ = false;
+    bool mouseDown_ = false;
 };
 
 }  // namespace velt::qt
