@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/internal/alarmviewerui.h"
 
+#include "widgets/internal/facemaking.h"
+
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLocale>
@@ -13,18 +15,9 @@ constexpr int ListWidth = 180;   // the column's width and a scroll bar
 constexpr int ButtonWidth = 130;
 constexpr int GridHeight = 110;  // the header and four rows
 
-template <typename Widget, typename... Args>
-Widget* make(const char* name, Args&&... args) {
-    auto* widget = new Widget(std::forward<Args>(args)...);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-QPushButton* plainButton(QPushButton* button) {
-    // In a dialog Enter would press the first button otherwise.
-    button->setAutoDefault(false);
+QPushButton* wideButton(QPushButton* button) {
     button->setMinimumWidth(ButtonWidth);
-    return button;
+    return plainButton(button);
 }
 
 QDateTimeEdit* picker(const char* name, const char* format, const char* accessibleName) {
@@ -60,13 +53,13 @@ AlarmViewerUi::AlarmViewerUi(QWidget* face)
       cmbAllarme(make<QComboBox>("cmbAllarme")),
       lvVRX(make<QTableView>("lvVRX")),
       cmdSeleziona(
-          plainButton(make<QPushButton>("cmdSeleziona", QStringLiteral("&Seleziona Tutti")))),
+          wideButton(make<QPushButton>("cmdSeleziona", QStringLiteral("&Seleziona Tutti")))),
       cmdDeseleziona(
-          plainButton(make<QPushButton>("cmdDeseleziona", QStringLiteral("&Deseleziona Tutti")))),
-      cmdAggiornaVRX(plainButton(make<MultiLineButton>(
+          wideButton(make<QPushButton>("cmdDeseleziona", QStringLiteral("&Deseleziona Tutti")))),
+      cmdAggiornaVRX(wideButton(make<MultiLineButton>(
           "cmdAggiornaVRX", QStringLiteral("      Aggiorna lista     &RTU e Allarmi")))),
       cmdAggiornaDati(
-          plainButton(make<QPushButton>("cmdAggiornaDati", QStringLiteral("&Aggiorna Dati")))),
+          wideButton(make<QPushButton>("cmdAggiornaDati", QStringLiteral("&Aggiorna Dati")))),
       dg(make<ResultGrid>("dg")),
       Adodc(make<qt::RecordBar>("Adodc")) {
     dg->setAccessibleName(QStringLiteral("Allarmi"));

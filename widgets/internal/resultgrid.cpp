@@ -8,12 +8,25 @@
 
 namespace velt::ui {
 
+namespace {
+
+constexpr int EmptyMargin = 6;  // pixels
+
+}  // namespace
+
+void ResultGrid::setEmptyText(const QString& text) {
+    if (text == emptyText_) return;
+    emptyText_ = text;
+    viewport()->update();
+}
+
 void ResultGrid::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
     if (!model() || model()->columnCount() == 0 || model()->rowCount() > 0) return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+    painter.drawText(viewport()->rect().adjusted(EmptyMargin, 0, -EmptyMargin, 0),
+                     Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
 
 GridArea::GridArea(ResultGrid* grid, const QString& hint, QWidget* parent) : QWidget(parent) {

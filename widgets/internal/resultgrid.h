@@ -5,13 +5,14 @@
 
 namespace velt::ui {
 
-/// A table that says so when a query had no result.
+/// A table that says so when it has no rows: when a query had no result, or why there is none.
 class ResultGrid : public QTableView {
     Q_OBJECT
 
 public:
     using QTableView::QTableView;
-    void setEmptyText(const QString& text) { emptyText_ = text; }
+    [[nodiscard]] const QString& emptyText() const { return emptyText_; }
+    void setEmptyText(const QString& text);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
