@@ -1,5 +1,9 @@
 # SPDX-License-Identifier: MIT
 # The shared library for integrators, made of the modules.
+if(CMAKE_LIBRARY_ARCHITECTURE)
+  # Debian's own place for libraries, under every prefix.
+  set(CMAKE_INSTALL_LIBDIR "lib/${CMAKE_LIBRARY_ARCHITECTURE}" CACHE PATH "Libraries")
+endif()
 include(GNUInstallDirs)
 
 set(VELT_MODULES velt_platform velt_framework velt_intervallo velt_alarmviewer velt_opcviewer

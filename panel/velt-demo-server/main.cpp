@@ -16,6 +16,10 @@ int run(std::span<const char* const> arguments) {
         std::fputs(serverHelp, stdout);
         return 0;
     }
+    if (line.has("--version")) {
+        std::puts("velt-demo-server " VELT_VERSION);
+        return 0;
+    }
     PlantServerOptions options = plantServerOptions(line);
     options.server.log = [](const std::string& text) {
         std::fprintf(stderr, "velt-demo-server: %s\n", text.c_str());

@@ -16,6 +16,7 @@ constexpr std::array Known = {
     cli::Option{"--variables", true}, cli::Option{"--interval", true},
     cli::Option{"--seed", true},      cli::Option{"--pki", true},
     cli::Option{"--user", true},      cli::Option{"--password-file", true},
+    cli::Option{"--version"},
 };
 
 template <typename Number>
@@ -54,7 +55,8 @@ const char* const serverHelp =
     "                        certificate (made when missing), DIR/trusted those of its clients\n"
     "  --user NAME           with --pki: who may connect ...\n"
     "  --password-file FILE  ... and the file whose first line is the password\n"
-    "  --help                this text\n\n"
+    "  --help                this text\n"
+    "  --version             the version\n\n"
     "Exit codes: 0 ended on request, 1 failed, 2 wrong usage.\n";
 
 std::span<const cli::Option> serverOptions() { return Known; }
