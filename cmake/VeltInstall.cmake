@@ -10,7 +10,7 @@ foreach(folder platform framework alarmviewer connviewer opcviewer trendviewer a
     widgets)
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/${folder}/"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/velt/${folder}" COMPONENT dev
-    FILES_MATCHING PATTERN "*.h" PATTERN "internal" EXCLUDE)
+    FILES_MATCHING PATTERN "*.h" PATTERN "internal" EXCLUDE PATTERN "chart" EXCLUDE)
 endforeach()
 
 set(config_folder "${CMAKE_INSTALL_LIBDIR}/cmake/VeltViewers")

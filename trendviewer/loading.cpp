@@ -29,18 +29,16 @@ std::string CreaQuery(clsDatabase& database, const std::string& table, const Dat
            database.DateCondition("Data", true, start, true, end) + " ORDER BY Data";
 }
 
-std::shared_ptr<Connection> apriDatabase(Services& services, const std::string& path) {
-    std::shared_ptr<Connection> connection =
-        services.database().GetConnection(path, "", "", 60, 3, 3);
+std::shared_ptr<Connection> apriDatabase(clsDatabase& database, const std::string& path) {
+    std::shared_ptr<Connection> connection = database.GetConnection(path, "", "", 60, 3, 3);
     if (connection->State() == ado::StateClosed) connection->Open();
     return connection;
 }
 
-std::shared_ptr<const RowSet> leggiTrend(Services& services,
+std::shared_ptr<const RowSet> leggiTrend(clsDatabase& database, clsRecordset& recordsets,
                                          const std::shared_ptr<Connection>& connection,
                                          const std::string& table, const Date& start,
                                          const Date& end) try {
-    clsDatabase& database = services.database();
     if (!database.TableExists(connection, table)) return nullptr;
     if (table.find_first_of(" \t\r\n") != std::string::npos)
         throw RuntimeError(ErrorNumber::SyntaxError,
@@ -50,7 +48,7 @@ std::shared_ptr<const RowSet> leggiTrend(Services& services,
     recordset->Open(CreaQuery(database, table, start, end), connection, ado::OpenStatic,
                     ado::LockReadOnly, ado::OptionsUnspecified);
     std::shared_ptr<const RowSet> rows = recordset->rows();
-    services.recordsets().Close(recordset);
+    recordsets.Close(recordset);
     return rows;
 } catch (const RuntimeError& error) {
     if (error.is(ErrorNumber::Cancelled)) throw;

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "platform/chart.h"
+#include "platform/database.h"
 #include "platform/date.h"
 #include "platform/locale.h"
 #include "platform/rowset.h"
-#include "platform/services.h"
 #include "trendviewer/clsgrafico.h"
 
 #include <array>
@@ -20,15 +20,15 @@ namespace velt {
                                              const Date& start, const Date& end);
 
 /// An open connection to a station's database.
-[[nodiscard]] VELT_API std::shared_ptr<Connection> apriDatabase(Services& services,
+[[nodiscard]] VELT_API std::shared_ptr<Connection> apriDatabase(clsDatabase& database,
                                                                 const std::string& path);
 
 /// The rows of a trend, null when its table does not exist. The description of an error names the
 /// table. A name with a blank is refused: the word behind the blank would be read as another name
 /// for the table of the first word, whose data would then be shown under the wrong name.
 [[nodiscard]] VELT_API std::shared_ptr<const RowSet> leggiTrend(
-    Services& services, const std::shared_ptr<Connection>& connection, const std::string& table,
-    const Date& start, const Date& end);
+    clsDatabase& database, clsRecordset& recordsets, const std::shared_ptr<Connection>& connection,
+    const std::string& table, const Date& start, const Date& end);
 
 /// What is to become of the rows of the pens. Owns all it touches: run() may be called on any
 /// thread.

@@ -51,12 +51,13 @@ void TrendViewer::carica(const std::string& path) {
     loading->divisions = divisions_;
     loading->locale = services().locale();
 
-    const std::shared_ptr<Connection> connection = apriDatabase(services(), path);
+    const std::shared_ptr<Connection> connection = apriDatabase(services().database(), path);
     for (int k = 0; k < clsGrafico::Penne; ++k) {
         const clsPenna& pen = grafico_.Penna(k);
         if (pen.Selezionata)
             loading->rows[static_cast<std::size_t>(k)] =
-                leggiTrend(services(), connection, pen.NomeTrend, loading->start, loading->end);
+                leggiTrend(services().database(), services().recordsets(), connection,
+                           pen.NomeTrend, loading->start, loading->end);
     }
     services().dispatcher().run([loading](const std::stop_token& stop) { loading->run(stop); });
 

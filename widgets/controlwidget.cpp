@@ -142,6 +142,11 @@ void ControlWidget::assign(const std::string& name, const Value& value) {
     });
 }
 
+void ControlWidget::callLogic(std::function<void(LiveControl&)> call) {
+    goLive();
+    live_->hostCall([live = live_.get(), call = std::move(call)] { call(*live); });
+}
+
 QString ControlWidget::text(const std::string& name) const {
     return qt::toQt(std::get<std::string>(properties_.at(name)));
 }

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -75,6 +76,8 @@ protected:
     [[nodiscard]] QString source() const { return text(sourceProperty_); }
     void source(const QString& value);
     void readSource(const QString& value);
+    /// A call of the control's own by the running host.
+    void callLogic(std::function<void(LiveControl&)> call);
 
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;

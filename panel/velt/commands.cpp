@@ -7,9 +7,10 @@ namespace velt::cli {
 
 extern const Command tablesCommand;
 extern const Command sqlCommand;
+extern const Command trendCommand;
 
 std::span<const Command* const> commands() {
-    static constexpr std::array all = {&tablesCommand, &sqlCommand};
+    static constexpr std::array all = {&tablesCommand, &sqlCommand, &trendCommand};
     return all;
 }
 

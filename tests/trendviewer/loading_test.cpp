@@ -15,8 +15,9 @@ using testing::HasSubstr;
 class LoadingTest : public testing::Test {
 protected:
     std::shared_ptr<const RowSet> read(const std::string& table) {
-        return leggiTrend(services, services.fakeDatabase.GetConnection("a.mdb", "", "", 60, 3, 3),
-                          table, start, start.addSeconds(60));
+        return leggiTrend(services.fakeDatabase, services.recordsets(),
+                          services.fakeDatabase.GetConnection("a.mdb", "", "", 60, 3, 3), table,
+                          start, start.addSeconds(60));
     }
     /// Number and description of the error that reading `table` ends in.
     std::pair<int, std::string> errorOf(const std::string& table) {

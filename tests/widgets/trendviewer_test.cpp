@@ -1,0 +1,324 @@
+// SPDX-License-Identifier: MIT
+// The trend viewer as an operator uses it: real widgets, real services, real files.
+#include "widgets/trendviewer.h"
+
+#include "adapters/qt/colorswatch.h"
+#include "tests/qtmain.h"
+#include "tests/widgets/stationfiles.h"
+#include "widgets/chart/chartdrawing.h"
+#include "widgets/chart/summarytable.h"
+#include "widgets/chart/trendchart.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QUiLoader>
+
+#include <gmock/gmock.h>
+
+#include <set>
+
+namespace velt::ui {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const Date Start = Date::fromFields({2006, 3, 14, 10, 0, 0, 0});
+
+/// `count` samples a minute apart, rising by one.
+std::vector<std::pair<double, Variant>> ramp(int count) {
+    std::vector<std::pair<double, Variant>> samples;
+    for (int i = 0; i < count; ++i) samples.emplace_back(i * 60.0, static_cast<double>(i));
+    return samples;
+}
+
+class TrendViewerFaceTest : public testing::Test {
+protected:
+    TrendViewerFaceTest() {
+        files.writeConfig(
+            "[Common]\r\nNumeroVRX=3\r\nVRX0=RTU01\r\nVRX1=RTU02\r\nVRX2=RTU03\r\n"
+            "[VRX0]\r\nG0V0=Livello\r\nG0V0_Desc=Livello vasca\r\nG0V0_UdM=m\r\n"
+            "G1V5=Pompa\r\nG1V5_Desc=Marcia\r\nG3V19=Assente\r\n"
+            "[VRX1]\r\nG0V0=Portata\r\nG0V0_UdM=l/s\r\n");
+        files.addTrend("RTU01", "Livello", Start, ramp(61));
+        files.addTrend("RTU01", "Pompa", Start, {{0, true}, {1800, false}, {3600, true}},
+                       jet::ColumnType::Boolean);
+        files.addTrend("RTU03", "Portata", Start, ramp(10));
+        // Whoever is to be told something reads it and confirms.
+        QObject::connect(&reader, &QTimer::timeout, [this] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box) return;
+            messages.push_back(box->windowTitle().toStdString() + ": " + box->text().toStdString());
+            box->buttons().first()->click();
+        });
+        reader.start(5);
+        viewer.setObjectName("TrendViewer1");
+    }
+    ~TrendViewerFaceTest() override { settle(); }
+
+    void start(bool withSettings = false) {
+        viewer.File(QString::fromStdString(files.config()));
+        if (withSettings) viewer.FileIni(QString::fromStdString(files.settings()));
+        viewer.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&viewer));
+        viewer.activateWindow();
+        settle();
+    }
+    /// With the level on the first pen, over one hour.
+    void startWithLevel() {
+        viewer.SetTrend("RTU01", "Livello", "", "", "", Start, 0);
+        start();
+        ASSERT_TRUE(eventually([&] { return combo("cmbTrend0")->currentText() == "Livello"; }));
+        refresh();
+        ASSERT_TRUE(eventually([&] { return shown() != nullptr; }));
+    }
+    template <typename T>
+    T* child(const QString& name) {
+        T* found = viewer.findChild<T*>(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return found;
+    }
+    QComboBox* combo(const char* name) { return child<QComboBox>(name); }
+    void choose(const char* list, int index) {
+        QComboBox* box = combo(list);
+        box->setCurrentIndex(index);
+        emit box->activated(index);
+        settle();
+    }
+    void click(const char* button) {
+        QTest::mouseClick(child<QPushButton>(button), Qt::LeftButton);
+        settle();
+    }
+    void refresh() { click("cmdAggiornaDati"); }
+    std::shared_ptr<const ChartContents> shown() {
+        return child<TrendChart>("chart")->drawing().contents;
+    }
+    std::size_t samplesShown(std::size_t pen) {
+        const auto contents = shown();
+        if (!contents || !contents->series[pen].curve) return 0;
+        return contents->series[pen].curve->statistics.count;
+    }
+    std::string startShown() {
+        return child<QDateTimeEdit>("DataIniziale")
+            ->dateTime()
+            .toString("yyyy-MM-dd HH:mm:ss")
+            .toStdString();
+    }
+    static std::vector<std::string> entries(const QComboBox* box) {
+        std::vector<std::string> texts;
+        for (int i = 0; i < box->count(); ++i) texts.push_back(box->itemText(i).toStdString());
+        return texts;
+    }
+
+    StationFiles files;
+    TrendViewer viewer;
+    QTimer reader;
+    std::vector<std::string> messages;
+};
+
+TEST_F(TrendViewerFaceTest, BearsTheCaptionsThatOperatorsKnow) {
+    start();
+    EXPECT_EQ(child<QCheckBox>("chkAutoUpdate")->text(), "Aggiornamento automatico");
+    EXPECT_EQ(child<QCheckBox>("chkNormalizzato")->text(), "Grafico normalizzato");
+    EXPECT_EQ(child<QPushButton>("cmdAggiornaDati")->text(), "&Aggiorna Dati");
+    EXPECT_EQ(child<QDateTimeEdit>("TimeIniziale")->displayFormat(), "HH.mm");
+    EXPECT_EQ(entries(combo("cmbRange")).front(), "1 Ora");
+    EXPECT_EQ(entries(combo("cmbRange")).back(), "3 Mesi");
+    EXPECT_THAT(entries(combo("cmbVRX")), ElementsAre("RTU01", "RTU03"));
+    EXPECT_THAT(entries(combo("cmbTrend3")), ElementsAre("Nessuno", "Livello", "Pompa", "Assente"));
+}
+
+TEST_F(TrendViewerFaceTest, EveryInputHasANameAndIsReachedByTab) {
+    startWithLevel();
+    int inputs = 0;
+    for (const QWidget* input : viewer.findChildren<QWidget*>()) {
+        const bool isPartOfAnother = input->parentWidget()->inherits("QAbstractSpinBox") ||
+                                     input->parentWidget()->inherits("QAbstractScrollArea") ||
+                                     input->inherits("QScrollBar") || !input->isVisible();
+        if (isPartOfAnother || !(input->focusPolicy() & Qt::TabFocus)) continue;
+        ++inputs;
+        const auto* asButton = qobject_cast<const QAbstractButton*>(input);
+        EXPECT_FALSE(input->accessibleName().isEmpty() && (!asButton || asButton->text().isEmpty()))
+            << input->metaObject()->className() << " " << input->objectName().toStdString();
+    }
+    std::set<QWidget*> reached;
+    child<QComboBox>("cmbVRX")->setFocus();
+    for (int i = 0; i < 2 * inputs; ++i) {
+        reached.insert(QApplication::focusWidget());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_GE(static_cast<int>(reached.size()), inputs);
+}
+
+TEST_F(TrendViewerFaceTest, SetTrendIsAppliedAfterTheFirstShow) {
+    viewer.SetTrend("RTU01", "Livello", "Pompa", "gibt es nicht", "",
+                    QDateTime(QDate(2006, 3, 14), QTime(10, 0)), 6);
+    start();
+    ASSERT_TRUE(eventually([&] { return combo("cmbTrend1")->currentText() == "Pompa"; }));
+    EXPECT_EQ(combo("cmbTrend0")->currentText(), "Livello");
+    EXPECT_EQ(child<QLabel>("lblDesc0")->text(), "Livello vasca");
+    EXPECT_EQ(child<QLabel>("lblUdm0")->text(), "m");
+    EXPECT_EQ(combo("cmbTrend2")->currentText(), "Nessuno");
+    EXPECT_EQ(combo("cmbRange")->currentText(), "1 Giorno");
+    EXPECT_EQ(startShown(), "2006-03-14 10:00:00");
+    EXPECT_EQ(shown(), nullptr) << "automatic update is off";
+    refresh();
+    ASSERT_TRUE(eventually([&] { return shown() != nullptr; }));
+    EXPECT_EQ(samplesShown(0), 61U);
+    EXPECT_EQ(shown()->series[1].samples->kind, SampleKind::Boolean);
+    EXPECT_EQ(shown()->divisions, 6);
+    EXPECT_EQ(shown()->title, "RTU01");
+    EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_F(TrendViewerFaceTest, NavigatesByQuartersAndHalves) {
+    startWithLevel();
+    click("cmdAvanti");
+    EXPECT_EQ(startShown(), "2006-03-14 10:15:00");
+    click("cmdIndietro2");
+    EXPECT_EQ(startShown(), "2006-03-14 09:45:00");
+    EXPECT_EQ(samplesShown(0), 61U) << "the chart waits for the button";
+    QTest::mouseClick(child<QCheckBox>("chkAutoUpdate"), Qt::LeftButton, {}, {8, 8});
+    settle();
+    click("cmdAvanti2");
+    EXPECT_EQ(startShown(), "2006-03-14 10:15:00");
+    EXPECT_TRUE(eventually([&] { return samplesShown(0) == 46; }));
+}
+
+TEST_F(TrendViewerFaceTest, SwatchesHideByClickAndColourByDoubleClickAlsoByKeyboard) {
+    startWithLevel();
+    auto* swatch = child<qt::ColorSwatch>("colore1");
+    auto* marker = child<QLabel>("marker0");
+    auto* chart = child<TrendChart>("chart");
+    QTest::mouseClick(swatch, Qt::LeftButton);
+    ASSERT_TRUE(eventually([&] { return !marker->isVisible(); }));
+    QTest::keyClick(swatch, Qt::Key_Space);
+    ASSERT_TRUE(eventually([&] { return marker->isVisible(); }));
+    QTest::keyClick(child<qt::ColorSwatch>("colore2"), Qt::Key_Space);
+    settle();
+    EXPECT_TRUE(child<QLabel>("marker1")->isVisible()) << "a pen that is not in use";
+
+    QTimer answer;
+    QObject::connect(&answer, &QTimer::timeout, [] {
+        auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+        if (!dialog) return;
+        dialog->setCurrentColor(QColor(0xFF, 0x80, 0x40));
+        dialog->accept();
+    });
+    answer.start(5);
+    QTest::mouseClick(swatch, Qt::LeftButton);
+    QTest::mouseDClick(swatch, Qt::LeftButton);
+    ASSERT_TRUE(
+        eventually([&] { return chart->drawing().penColors[0] == QColor(0xFF, 0x80, 0x40); }));
+    QTest::qWait(QApplication::doubleClickInterval() + 50);
+    EXPECT_TRUE(marker->isVisible()) << "a double click does not hide the pen";
+}
+
+TEST_F(TrendViewerFaceTest, HiddenPensScaleAndNormalisationReachTheDrawing) {
+    startWithLevel();
+    choose("cmbTrend1", 2);
+    refresh();
+    ASSERT_TRUE(eventually([&] { return samplesShown(1) == 3; }));
+    EXPECT_EQ(child<SummaryTable>("summary")->rowCount(), 2);
+    QTest::keyClick(child<qt::ColorSwatch>("colore2"), Qt::Key_Space);
+    settle();
+    refresh();
+    EXPECT_TRUE(eventually([&] { return child<SummaryTable>("summary")->rowCount() == 1; }));
+    choose("cmbScala", 1);
+    QTest::mouseClick(child<QCheckBox>("chkNormalizzato"), Qt::LeftButton, {}, {8, 8});
+    settle();
+    const ScaleChoice& choice = child<TrendChart>("chart")->drawing().choice;
+    EXPECT_TRUE(choice.normalised);
+    EXPECT_EQ(choice.series, 0);
+}
+
+TEST_F(TrendViewerFaceTest, WhatTheOperatorChoseComesBack) {
+    start(true);
+    choose("cmbVRX", 1);
+    choose("cmbVRX", 0);
+    choose("cmbTrend2", 1);
+    choose("cmbRange", 9);
+    choose("cmbScala", 3);
+    QTest::mouseClick(child<QCheckBox>("chkAutoUpdate"), Qt::LeftButton, {}, {8, 8});
+    settle();
+    const std::string startBefore = startShown();
+    viewer.Terminate();
+    settle();
+
+    TrendViewer again;
+    again.setObjectName("TrendViewer1");
+    again.File(QString::fromStdString(files.config()));
+    again.FileIni(QString::fromStdString(files.settings()));
+    again.show();
+    ASSERT_TRUE(eventually(
+        [&] { return again.findChild<QComboBox*>("cmbTrend2")->currentText() == "Livello"; }));
+    EXPECT_EQ(again.findChild<QComboBox*>("cmbRange")->currentText(), "1 Settimana");
+    EXPECT_EQ(again.findChild<QComboBox*>("cmbScala")->currentIndex(), 3);
+    EXPECT_TRUE(again.findChild<QCheckBox*>("chkAutoUpdate")->isChecked());
+    EXPECT_EQ(again.findChild<QDateTimeEdit*>("DataIniziale")
+                  ->dateTime()
+                  .toString("yyyy-MM-dd HH:mm:ss")
+                  .toStdString(),
+              startBefore);
+    again.Terminate();
+}
+
+TEST_F(TrendViewerFaceTest, ADownloadShowsWithTheNextRefresh) {
+    startWithLevel();
+    EXPECT_EQ(samplesShown(0), 61U);
+    {
+        // As a download does it: a new file in place of the old one.
+        StationFiles other;
+        other.addTrend("RTU01", "Livello", Start, ramp(31));
+        std::filesystem::rename(other.database("RTU01"), files.database("RTU01"));
+    }
+    refresh();
+    EXPECT_TRUE(eventually([&] { return samplesShown(0) == 31; }));
+    jet::Writer writer = jet::Writer::open(files.database("RTU01"));
+    const std::vector<Variant> row = {Start.addSeconds(1900), 5.0};
+    writer.append("Livello", row);
+    writer.flush();
+    refresh();
+    EXPECT_TRUE(eventually([&] { return samplesShown(0) == 32; }));
+    EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_F(TrendViewerFaceTest, LoadsFromAForm) {
+    class Loader : public QUiLoader {
+    public:
+        QWidget* createWidget(const QString& name, QWidget* parent,
+                              const QString& object) override {
+            if (name != "velt::ui::TrendViewer")
+                return QUiLoader::createWidget(name, parent, object);
+            auto* widget = new TrendViewer(parent);
+            widget->setObjectName(object);
+            return widget;
+        }
+    } loader;
+    QByteArray form = R"(<ui version="4.0"><widget class="velt::ui::TrendViewer" name="T">
+        <property name="File" stdset="0"><string notr="true">%1</string></property>
+        </widget></ui>)";
+    form.replace("%1", files.config().c_str());
+    QBuffer buffer(&form);
+    ASSERT_TRUE(buffer.open(QIODevice::ReadOnly));
+    const std::unique_ptr<QWidget> widget(loader.load(&buffer));
+    ASSERT_NE(widget, nullptr);
+    EXPECT_EQ(widget->findChild<QComboBox*>("cmbVRX")->count(), 0);
+    EXPECT_EQ(static_cast<TrendViewer&>(*widget).CartellaDownload().toStdString() + "RTU01.MDB",
+              std::filesystem::path(files.config()).parent_path().string() + "\\RTU01.MDB");
+    widget->show();
+    EXPECT_TRUE(eventually([&] { return widget->findChild<QComboBox*>("cmbVRX")->count() == 2; }));
+}
+
+}  // namespace
+}  // namespace velt::ui
