@@ -2,6 +2,7 @@
 #include "designer/controls.h"
 
 #include "widgets/alarmviewer.h"
+#include "widgets/opcviewer.h"
 
 namespace velt::designer {
 namespace {
@@ -12,6 +13,13 @@ ui::ControlWidget* make(QWidget* parent) {
 }
 
 const ControlDescription descriptions[] = {
+    {.name = "OPCViewer",
+     .header = "widgets/opcviewer.h",
+     .sourceProperty = "Hostname",
+     .toolTip = "Stazioni dal vivo",
+     .whatsThis = "Valore, qualità e ora delle variabili di un server OPC, dal vivo.",
+     .size = {820, 480},
+     .make = make<ui::OPCViewer>},
     {.name = "AlarmViewer",
      .header = "widgets/alarmviewer.h",
      .sourceProperty = "File",

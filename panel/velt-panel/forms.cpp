@@ -2,6 +2,7 @@
 #include "panel/velt-panel/forms.h"
 
 #include "widgets/alarmviewer.h"
+#include "widgets/opcviewer.h"
 
 #include <QFile>
 #include <QTabWidget>
@@ -17,6 +18,8 @@ public:
         QWidget* widget = nullptr;
         if (className == "velt::ui::AlarmViewer")
             widget = new ui::AlarmViewer(parent);
+        else if (className == "velt::ui::OPCViewer")
+            widget = new ui::OPCViewer(parent);
         else
             return QUiLoader::createWidget(className, parent, name);
         widget->setObjectName(name);
@@ -29,9 +32,12 @@ public:
 QWidget* makeBuiltInForm() {
     auto* tabs = new QTabWidget;
     tabs->setDocumentMode(true);
-    auto* alarms = new ui::AlarmViewer;
-    alarms->setObjectName("AlarmViewer1");
-    tabs->addTab(alarms, QStringLiteral("Storico a&llarmi"));
+    const auto add = [tabs](QWidget* control, const char* name, const QString& caption) {
+        control->setObjectName(QLatin1String(name));
+        tabs->addTab(control, caption);
+    };
+    add(new ui::OPCViewer, "OPCViewer1", QStringLiteral("Stazioni dal &vivo"));
+    add(new ui::AlarmViewer, "AlarmViewer1", QStringLiteral("Storico a&llarmi"));
     return tabs;
 }
 

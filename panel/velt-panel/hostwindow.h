@@ -3,10 +3,12 @@
 
 #include <QMainWindow>
 
+class QLabel;
+
 namespace velt::panel {
 
-/// The window that hosts a form: shows on its status line the errors that leave the controls, and
-/// calls Terminate() of each before it closes.
+/// The window that hosts a form: shows on its status line the last error that left a control,
+/// with its time, and calls Terminate() of each before it closes.
 class HostWindow final : public QMainWindow {
     Q_OBJECT
 public:
@@ -15,6 +17,11 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+
+private:
+    void showError(const QString& control, int number, const QString& description);
+
+    QLabel* lastError_;
 };
 
 }  // namespace velt::panel

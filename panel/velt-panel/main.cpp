@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "demo/installation.h"
+#include "panel/velt-panel/clicks.h"
 #include "panel/velt-panel/forms.h"
 #include "panel/velt-panel/hostwindow.h"
 #include "panel/velt-panel/options.h"
+#include "panel/velt-panel/sources.h"
 #include "platform/runtimeerror.h"
-#include "widgets/alarmviewer.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -21,40 +21,6 @@
 
 namespace velt::panel {
 namespace {
-
-/// What the host assigns to the controls of a form.
-struct Sources {
-    QString alarmFile;
-    QString settingsFile;
-};
-
-/// Assigns the sources while the program runs. A FileIni that came with the form is assigned once
-/// more: only an assignment by the running host tells a control the name of its instance, and with
-/// it the section that is its own.
-void assign(const Sources& sources, const QDir& formFolder, QWidget& form) {
-    const auto fromForm = [&formFolder](const QString& path) {
-        return path.isEmpty() ? path : formFolder.absoluteFilePath(path);
-    };
-    const auto alarmViewers = form.findChildren<ui::AlarmViewer*>();
-    for (ui::AlarmViewer* viewer : alarmViewers)
-        viewer->File(sources.alarmFile.isEmpty() ? fromForm(viewer->File()) : sources.alarmFile);
-    const auto controls = form.findChildren<ui::ControlWidget*>();
-    for (ui::ControlWidget* control : controls)
-        control->FileIni(sources.settingsFile.isEmpty() ? fromForm(control->FileIni())
-                                                        : sources.settingsFile);
-}
-
-/// Presses buttons as an operator would who comes half a second after the window.
-void press(HostWindow& window, const QStringList& names) {
-    QTimer::singleShot(500, &window, [&window, names] {
-        for (const QString& name : names) {
-            if (auto* button = window.findChild<QAbstractButton*>(name))
-                button->click();
-            else
-                std::fprintf(stderr, "velt-panel: no button is named %s\n", qPrintable(name));
-        }
-    });
-}
 
 void takePicture(HostWindow& window, const Options& options) {
     QTimer::singleShot(static_cast<int>(options.screenshotAfter * 1000), &window, [&] {
@@ -80,11 +46,14 @@ int run(const Options& options) {
 
     SystemClock clock;
     std::unique_ptr<demo::Installation> installation;
-    Sources sources{options.alarmFile, options.settingsFile};
+    Sources sources{.alarmFile = options.alarmFile,
+                    .opcHost = options.opcHost,
+                    .settingsFile = options.settingsFile};
     if (options.demo) {
         demo::InstallationOptions demoOptions;
         demoOptions.folder = options.dataFolder.toStdString();
         demoOptions.seed = options.seed;
+        demoOptions.opcPort = 0;
         demoOptions.log = [](const std::string& text) {
             std::fprintf(stderr, "velt-panel: %s\n", text.c_str());
         };
@@ -94,6 +63,8 @@ int run(const Options& options) {
         };
         fill(sources.alarmFile, installation->alarmFile());
         fill(sources.settingsFile, installation->settingsFile());
+        if (sources.opcHost.isEmpty())
+            sources.opcHost = QString::fromStdString(installation->opcEndpoint());
     }
 
     HostWindow window(form.release());
@@ -101,7 +72,7 @@ int run(const Options& options) {
         options.form.isEmpty() ? QDir::current() : QFileInfo(options.form).absoluteDir();
     assign(sources, formFolder, *window.centralWidget());
     window.show();
-    if (!options.clicks.isEmpty()) press(window, options.clicks);
+    if (!options.clicks.isEmpty()) new Clicks(window, options.clicks);
     if (!options.screenshot.isEmpty()) takePicture(window, options);
     return QApplication::exec();
 }

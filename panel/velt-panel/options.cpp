@@ -33,17 +33,22 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
         "DIR");
     const QCommandLineOption seed("seed", "Seed of what the demo installation makes up.", "N", "1");
     const QCommandLineOption alarms("alarms", "Alarm database for the alarm viewers.", "FILE");
+    const QCommandLineOption opc("opc",
+                                 "Node of the OPC server for the OPC viewers: a host name, or a "
+                                 "URL like opc.tcp://host:4840.",
+                                 "NODE");
     const QCommandLineOption settings("settings", "Settings file for all controls.", "FILE");
     const QCommandLineOption click("click",
                                    "Press the button with this name once the window stands, for "
-                                   "example cmdAggiornaDati; may be repeated.",
+                                   "example cmdAggiornaDati or AlarmViewer1.cmdAggiornaDati; "
+                                   "LIST:ROW ticks or selects a row. May be repeated.",
                                    "NAME");
     const QCommandLineOption screenshot("screenshot", "Save a picture of the window, then exit.",
                                         "FILE.png");
     const QCommandLineOption after("after", "Seconds until the picture is taken (default: 2).",
                                    "SECONDS", "2");
     parser.addOptions(
-        {help, version, demo, data, seed, alarms, settings, click, screenshot, after});
+        {help, version, demo, data, seed, alarms, opc, settings, click, screenshot, after});
     parser.addPositionalArgument("FORM", "Form to show.", "[FORM.ui]");
 
     const auto wrongUsage = [&exitCode](const QString& what) -> std::optional<Options> {
@@ -74,6 +79,7 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
             ? absolute(parser.value(data))
             : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/velt-demo";
     options.alarmFile = absolute(parser.value(alarms));
+    options.opcHost = parser.value(opc);
     options.settingsFile = absolute(parser.value(settings));
     options.clicks = parser.values(click);
     options.screenshot = absolute(parser.value(screenshot));

@@ -16,8 +16,9 @@ struct Options {
     QString dataFolder;  ///< of the demo installation
     std::uint64_t seed = 1;
     QString alarmFile;             ///< File of every alarm viewer
+    QString opcHost;               ///< Hostname of every OPC viewer
     QString settingsFile;          ///< FileIni of every control
-    QStringList clicks;            ///< names of buttons to press once the window stands
+    QStringList clicks;            ///< steps of Clicks, once the window stands
     QString screenshot;            ///< save a picture here, then end
     double screenshotAfter = 2.0;  ///< seconds
 };

@@ -77,8 +77,9 @@ TEST_F(PanelTest, AnswersWithoutADisplay) {
 
 TEST_F(PanelTest, ShowsTheDemoAndRemembersItsState) {
     const Outcome outcome =
-        run({"--demo", "--data", at("demo"), "--click", "cmdSeleziona", "--click",
-             "cmdAggiornaDati", "--screenshot", at("shot.png"), "--after", "1.5"});
+        run({"--demo", "--data", at("demo"), "--click", "AlarmViewer1.cmdSeleziona", "--click",
+             "AlarmViewer1.cmdAggiornaDati", "--click", "AlarmViewer1.lvVRX:RTU03", "--screenshot",
+             at("shot.png"), "--after", "1.5"});
     EXPECT_EQ(outcome.exitCode, 0) << outcome.error;
     const QImage picture(QString::fromStdString(at("shot.png")));
     EXPECT_GE(picture.width(), 600);
@@ -89,6 +90,7 @@ TEST_F(PanelTest, ShowsTheDemoAndRemembersItsState) {
     settings.Sezione("AlarmViewer_AlarmViewer1");
     EXPECT_EQ(settings.LeggiStringa("ListCount", ""), "8");
     EXPECT_EQ(settings.LeggiStringa("List8", ""), "1");
+    EXPECT_EQ(settings.LeggiStringa("List3", ""), "0") << "its mark was taken away";
 }
 
 TEST_F(PanelTest, LoadsAFormWhoseControlsKeepSeparateSettings) {
