@@ -27,7 +27,6 @@ QtReportList::QtReportList(GatedControl& control, QTableView* view, ReportLayout
     QHeaderView* header = view->horizontalHeader();
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
-    header->setStretchLastSection(true);
     connect(header, &QHeaderView::sectionClicked, this,
             [this](int column) { clickColumn(column); });
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,

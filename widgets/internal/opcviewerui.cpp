@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/internal/opcviewerui.h"
 
+#include "widgets/internal/columnfitter.h"
 #include "widgets/internal/elidedlabel.h"
 #include "widgets/internal/facemaking.h"
 
@@ -19,7 +20,8 @@ constexpr int ListWidth = 226;  // pixels: the column's 200 and a scroll bar
 constexpr int ListHeight = 90;  // four stations
 constexpr int TableWidth = 380;
 constexpr int TableHeight = 110;  // the header and four rows
-constexpr int ColumnWidths[] = {270, 150, 150, 150};
+constexpr int NameWidth = 180;    // at least
+constexpr int ColumnWidths[] = {NameWidth, 120, 130, 150};
 
 constexpr QLatin1String NoItems(
     "Spuntare le stazioni e premere \"Aggiorna Variabili\" per vederne le variabili.");
@@ -156,6 +158,7 @@ void OPCViewerUi::showLoss(const QString& time, const QString& reason) const {
 void OPCViewerUi::fitColumns() const {
     for (int column = 0; column < static_cast<int>(std::size(ColumnWidths)); ++column)
         lvItem->setColumnWidth(column, ColumnWidths[column]);
+    new ColumnFitter(lvItem, NameWidth);
 }
 
 }  // namespace velt::ui
