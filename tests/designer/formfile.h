@@ -17,6 +17,7 @@ struct FormControl {
 
 /// The controls of form.ui.
 inline constexpr FormControl formControls[] = {
+    {"OPCViewer1", "velt::ui::OPCViewer", "Hostname", "opc.tcp://127.0.0.1:4840"},
     {"AlarmViewer1", "velt::ui::AlarmViewer", "File", "dati/Allarmi.mdb"},
 };
 
