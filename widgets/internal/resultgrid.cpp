@@ -2,6 +2,7 @@
 #include "widgets/internal/resultgrid.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -27,6 +28,19 @@ void ResultGrid::paintEvent(QPaintEvent* event) {
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(viewport()->rect().adjusted(EmptyMargin, 0, -EmptyMargin, 0),
                      Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+QItemSelectionModel::SelectionFlags ResultGrid::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent* event) const {
+    if (event && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<const QKeyEvent*>(event);
+        const bool moves = key->key() != Qt::Key_Space && key->key() != Qt::Key_Select;
+        if (moves && key->modifiers() == Qt::ControlModifier) {
+            const QKeyEvent plain(QEvent::KeyPress, key->key(), Qt::NoModifier);
+            return QTableView::selectionCommand(index, &plain);
+        }
+    }
+    return QTableView::selectionCommand(index, event);
 }
 
 GridArea::GridArea(ResultGrid* grid, const QString& hint, QWidget* parent) : QWidget(parent) {

@@ -16,6 +16,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    /// Ctrl with a key that moves takes the selection along: a current row that is not the selected
+    /// one would be two answers to "which record is this?".
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event = nullptr) const override;
 
 private:
     QString emptyText_;
