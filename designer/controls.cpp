@@ -3,6 +3,7 @@
 
 #include "widgets/alarmviewer.h"
 #include "widgets/opcviewer.h"
+#include "widgets/trendviewer.h"
 
 namespace velt::designer {
 namespace {
@@ -28,6 +29,13 @@ const ControlDescription descriptions[] = {
          "Lo storico degli allarmi di un file Access, filtrato per data, allarme e stazioni.",
      .size = {820, 480},
      .make = make<ui::AlarmViewer>},
+    {.name = "TrendViewer",
+     .header = "widgets/trendviewer.h",
+     .sourceProperty = "File",
+     .toolTip = "Grafici storici",
+     .whatsThis = "Fino a quattro grandezze di una stazione nel tempo, dal suo file Access.",
+     .size = {1000, 620},
+     .make = make<ui::TrendViewer>},
 };
 
 }  // namespace
