@@ -96,7 +96,11 @@ struct OpcServer::Impl {
     }
 
     void iterate() {
-        for (const auto& part : parts) part->tick();
+        try {
+            for (const auto& part : parts) part->tick();
+        } catch (const RuntimeError& error) {
+            if (options.log) options.log(error.Description());  // the plant goes on
+        }
         UA_Server_run_iterate(server.get(), true);
     }
 

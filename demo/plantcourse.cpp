@@ -146,6 +146,11 @@ double analogAt(const PlantVariable& variable, std::int64_t milliseconds, std::i
     return oneValue<double>(variable, variable.seed, {milliseconds, interval});
 }
 
+bool isRecorded(const PlantVariable& variable, std::int64_t milliseconds) {
+    constexpr std::int64_t Block = 3 * 3600'000;
+    return chance(~variable.seed, milliseconds / Block) >= 0.01;
+}
+
 PlantQuality qualityAt(const PlantVariable& variable, std::int64_t milliseconds) {
     switch (variable.condition) {
         case Condition::Sound: break;

@@ -17,6 +17,9 @@ namespace velt::demo {
 [[nodiscard]] double analogAt(const PlantVariable& variable, std::int64_t milliseconds,
                               std::int64_t interval);
 
+/// Whether the station has kept the sample of that moment: now and then it loses some hours.
+[[nodiscard]] bool isRecorded(const PlantVariable& variable, std::int64_t milliseconds);
+
 enum class Fault { None, Uncertain, LastUsable, SensorFailure, NoCommunication, OutOfService };
 enum class Limit { None, Low, High, Constant };
 

@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <memory>
 #include <span>
 #include <string>
 
@@ -31,8 +32,18 @@ int run(std::span<const char* const> arguments) {
     sigaddset(&ends, SIGINT);
     pthread_sigmask(SIG_BLOCK, &ends, nullptr);
 
-    const auto server = startPlantServer(std::move(options));
-    std::printf("%s\n", server->endpoint().c_str());
+    SystemClock clock;
+    std::unique_ptr<OpcServer> server;
+    std::unique_ptr<Installation> installation;
+    std::string endpoint;
+    if (line.has("--data")) {
+        installation = std::make_unique<Installation>(installationOptions(line, options), clock);
+        endpoint = installation->opcEndpoint();
+    } else {
+        server = startPlantServer(std::move(options), clock);
+        endpoint = server->endpoint();
+    }
+    std::printf("%s\n", endpoint.c_str());
     std::fflush(stdout);
     int signal = 0;
     sigwait(&ends, &signal);

@@ -12,11 +12,11 @@ namespace velt::demo {
 namespace {
 
 constexpr std::array Known = {
-    cli::Option{"--port", true},      cli::Option{"--stations", true},
-    cli::Option{"--variables", true}, cli::Option{"--interval", true},
-    cli::Option{"--seed", true},      cli::Option{"--pki", true},
-    cli::Option{"--user", true},      cli::Option{"--password-file", true},
-    cli::Option{"--version"},
+    cli::Option{"--port", true},          cli::Option{"--stations", true},
+    cli::Option{"--variables", true},     cli::Option{"--interval", true},
+    cli::Option{"--seed", true},          cli::Option{"--data", true},
+    cli::Option{"--pki", true},           cli::Option{"--user", true},
+    cli::Option{"--password-file", true}, cli::Option{"--version"},
 };
 
 template <typename Number>
@@ -49,6 +49,9 @@ const char* const serverHelp =
     "  --port N              TCP port (default 4840; 0: any that is free)\n"
     "  --interval MS         between two changes of a value (default 1000)\n"
     "  --seed N              of what the plant makes up (default 1)\n"
+    "  --data DIR            run the whole demo installation in this folder: the plant's\n"
+    "                        configuration VeltRTU.ini, the stations' databases (downloads go\n"
+    "                        there) and the alarm history\n"
     "  --stations N          for measuring: N stations of numbers that all change at each\n"
     "  --variables M         interval, M in each (default 1250), instead of the plant\n"
     "  --pki DIR             serve encrypted connections only: DIR/own holds the server's\n"
@@ -71,11 +74,25 @@ PlantServerOptions plantServerOptions(const cli::CommandLine& line) {
     options.loadVariables = number<std::size_t>(line, "--variables", 1250, 1, 100'000);
     if (line.has("--variables") && !line.has("--stations"))
         throw cli::UsageError("--variables goes with --stations");
+    if (line.has("--data") && line.has("--stations"))
+        throw cli::UsageError("--data does not go with --stations");
     if (line.has("--pki") != line.has("--user") || line.has("--pki") != line.has("--password-file"))
         throw cli::UsageError("--pki, --user and --password-file go together");
     if (line.has("--pki"))
         options.server.security = ServerSecurity{line.value("--pki"), line.value("--user"),
                                                  firstLine(line.value("--password-file"))};
+    return options;
+}
+
+InstallationOptions installationOptions(const cli::CommandLine& line,
+                                        const PlantServerOptions& server) {
+    InstallationOptions options;
+    options.folder = line.value("--data");
+    options.seed = server.seed;
+    options.opcPort = server.server.port;
+    options.interval = server.interval;
+    options.security = server.server.security;
+    options.log = server.server.log;
     return options;
 }
 

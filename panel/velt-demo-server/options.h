@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "demo/installation.h"
 #include "demo/plantserver.h"
 #include "panel/velt/commandline.h"
 
@@ -17,5 +18,8 @@ extern const char* const serverHelp;
 /// What the command line asks for. UsageError when it cannot be understood, RuntimeError when the
 /// password file cannot be read.
 [[nodiscard]] PlantServerOptions plantServerOptions(const cli::CommandLine& line);
+/// The same for --data.
+[[nodiscard]] InstallationOptions installationOptions(const cli::CommandLine& line,
+                                                      const PlantServerOptions& server);
 
 }  // namespace velt::demo

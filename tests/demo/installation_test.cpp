@@ -27,6 +27,7 @@ protected:
         InstallationOptions options;
         options.folder = folder / "data" / "demo";
         options.historyAlarms = 300;
+        options.stationDays = 1;
         options.alarmInterval = std::chrono::milliseconds(5);
         return options;
     }

@@ -25,7 +25,7 @@ PlantServerOptions quick() {
 class PlantServerTest : public testing::Test {
 protected:
     void start(PlantServerOptions options = quick()) {
-        server = startPlantServer(std::move(options));
+        server = startPlantServer(std::move(options), clock);
         ASSERT_EQ(client.connect(server->endpoint()), UA_STATUSCODE_GOOD);
         for (const UaNode& node : client.browse(ns0(UA_NS0ID_OBJECTSFOLDER))) {
             stations.push_back(node.name);
@@ -53,6 +53,7 @@ protected:
         return value;
     }
 
+    SystemClock clock;
     std::unique_ptr<OpcServer> server;
     UaClient client;
     std::vector<std::string> stations;
@@ -173,10 +174,10 @@ TEST_F(PlantServerTest, RefusesAPortThatIsTaken) {
     start();
     PlantServerOptions second = quick();
     second.server.port = server->port();
-    EXPECT_THROW(startPlantServer(second), RuntimeError);
+    EXPECT_THROW(startPlantServer(second, clock), RuntimeError);
     EXPECT_TRUE(read("RTU01.Orologio"));
     server.reset();
-    EXPECT_NO_THROW(startPlantServer(second));  // its connections linger, it does not
+    EXPECT_NO_THROW(startPlantServer(second, clock));  // its connections linger, it does not
 }
 
 TEST_F(PlantServerTest, MakesAPlantOfAnySize) {

@@ -48,7 +48,7 @@ protected:
         PlantServerOptions options;
         options.server.security = ServerSecurity{pki, "operatore", "segreta"};
         options.loadStations = options.loadVariables = 1;
-        server = startPlantServer(std::move(options));
+        server = startPlantServer(std::move(options), clock);
     }
 
     UA_StatusCode connect(const char* user, const char* password) {
@@ -68,6 +68,7 @@ protected:
     const Identity identity;
     TempFolder folder;
     const fs::path pki = folder / "pki";
+    SystemClock clock;
     std::unique_ptr<OpcServer> server;
 };
 
