@@ -21,7 +21,7 @@ enum class SampleKind {
     Number,
     Single,   ///< 7 significant digits
     Whole,    ///< whole numbers: drawn as steps
-    Boolean,  ///< 0 or -1: drawn as steps
+    Boolean,  ///< 0 or 1: drawn as steps
 };
 
 /// A stretch of samples that belong together: neither a value nor a time is missing inside.
@@ -69,7 +69,7 @@ struct ChartStatistics {
     double last = 0;
 };
 
-/// A trend in view.
+/// A trend in view. The line goes on to the next sample on either side of the view.
 struct ChartCurve {
     std::vector<ChartPoint> points;
     ChartStatistics statistics;

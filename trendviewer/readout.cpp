@@ -4,11 +4,15 @@
 #include "platform/conversions.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <limits>
+#include <iterator>
 
 namespace velt {
 namespace {
+
+constexpr int Digits = 7;
+constexpr double WholeDigits = 1e7;  // what has more whole digits has no room for decimals
 
 ChartTime distance(const ChartSamples& samples, std::size_t i, ChartTime at) {
     return std::abs(samples.times[i] - at);
@@ -53,23 +57,27 @@ std::optional<ChartSample> sampleAt(const ChartContents& view, std::size_t serie
     const auto& samples = view.series[series].samples;
     if (!samples) return std::nullopt;
     const auto tolerance = static_cast<ChartTime>(std::ceil(view.secondsPerPoint * 500.0));
-    const auto found = sampleAt(*samples, at, tolerance);
-    const bool inView = found && found->time >= view.start && found->time <= view.end;
-    return inView ? found : std::nullopt;
+    return sampleAt(*samples, at, tolerance);
 }
 
 std::string valueText(double value, SampleKind kind, const Locale& locale) {
     switch (kind) {
         case SampleKind::Single: return conversions::text(static_cast<float>(value), locale);
         case SampleKind::Boolean: return value != 0 ? locale.trueText : locale.falseText;
-        default: return conversions::text(value, locale);
+        default:
+            return std::abs(value) < WholeDigits ? computedText(value, locale)
+                                                 : conversions::text(std::nearbyint(value), locale);
     }
 }
 
 std::string computedText(double value, const Locale& locale) {
-    const bool fits = std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max());
-    return fits ? conversions::text(static_cast<float>(value), locale)
-                : conversions::text(value, locale);
+    char digits[32];
+    const auto end = std::to_chars(std::begin(digits), std::end(digits), value,
+                                   std::chars_format::scientific, Digits - 1)
+                         .ptr;
+    double rounded = value;
+    std::from_chars(std::begin(digits), end, rounded);
+    return conversions::text(rounded, locale);
 }
 
 }  // namespace velt

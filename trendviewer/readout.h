@@ -14,12 +14,13 @@ namespace velt {
 [[nodiscard]] VELT_API std::optional<ChartSample> sampleAt(const ChartSamples& samples,
                                                            ChartTime at, ChartTime tolerance);
 
-/// sampleAt as the operator is to be told it of a view: within the view, with half a point as
-/// tolerance.
+/// sampleAt as the operator is to be told it of a view, with half a point as tolerance. It may lie
+/// beside the view: a step may have begun before it.
 [[nodiscard]] VELT_API std::optional<ChartSample> sampleAt(const ChartContents& view,
                                                            std::size_t series, ChartTime at);
 
-/// A value in as many digits as its kind has; a Boolean in the operator's words.
+/// A value as the operator reads it: its whole part, and decimals up to 7 digits in all; a Boolean
+/// in his words.
 [[nodiscard]] VELT_API std::string valueText(double value, SampleKind kind, const Locale& locale);
 
 /// A computed value (a difference, a mean) in 7 digits.

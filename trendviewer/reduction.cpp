@@ -72,6 +72,32 @@ std::vector<ChartPoint> pointPerSample(const ChartSamples& samples,
     return points;
 }
 
+/// The line into the view and out of it, which may cross it without a sample inside.
+void addNeighbours(const ChartSamples& samples, ChartTime from, ChartTime to,
+                   std::vector<ChartPoint>& points) {
+    const auto& times = samples.times;
+    const auto first =
+        static_cast<std::size_t>(std::ranges::lower_bound(times, from) - times.begin());
+    const auto behind =
+        static_cast<std::size_t>(std::ranges::upper_bound(times, to) - times.begin());
+    /// Whether sample i - 1 and sample i belong together.
+    const auto joined = [&](std::size_t i) {
+        const auto run = std::ranges::upper_bound(samples.runs, i, {}, &SampleRun::end);
+        return run != samples.runs.end() && run->begin < i;
+    };
+    if (from > to) return;
+    const bool hasBefore = first > 0 && joined(first);
+    const bool hasAfter = behind > 0 && joined(behind);
+    if (hasBefore) {
+        if (!points.empty()) points.front().joined = true;
+        points.insert(points.begin(), pointOf(samples, first - 1, first));
+    }
+    if (hasAfter) {
+        points.push_back(pointOf(samples, behind, behind + 1));
+        points.back().joined = true;
+    }
+}
+
 std::vector<ChartPoint> pointPerStretch(const ChartSamples& samples,
                                         std::span<const SampleRun> runs,
                                         const Stretches& stretches) {
@@ -133,19 +159,21 @@ ChartCurve reduce(const ChartSamples& samples, ChartTime from, ChartTime to, int
     for (const SampleRun& run : runs) count += run.end - run.begin;
 
     ChartCurve curve;
-    if (count == 0) return curve;
-    curve.points = count <= static_cast<std::size_t>(maxPoints)
-                       ? pointPerSample(samples, runs)
-                       : pointPerStretch(samples, runs, Stretches(from, to, maxPoints));
-    const auto low = std::ranges::min_element(
-        curve.points, {}, [](const ChartPoint& point) { return point.minimum.value; });
-    const auto high = std::ranges::max_element(
-        curve.points, {}, [](const ChartPoint& point) { return point.maximum.value; });
-    curve.statistics = {.count = count,
-                        .minimum = low->minimum.value,
-                        .maximum = high->maximum.value,
-                        .mean = meanByTime(samples, runs, count),
-                        .last = curve.points.back().last.value};
+    if (count > 0) {
+        curve.points = count <= static_cast<std::size_t>(maxPoints)
+                           ? pointPerSample(samples, runs)
+                           : pointPerStretch(samples, runs, Stretches(from, to, maxPoints));
+        const auto low = std::ranges::min_element(
+            curve.points, {}, [](const ChartPoint& point) { return point.minimum.value; });
+        const auto high = std::ranges::max_element(
+            curve.points, {}, [](const ChartPoint& point) { return point.maximum.value; });
+        curve.statistics = {.count = count,
+                            .minimum = low->minimum.value,
+                            .maximum = high->maximum.value,
+                            .mean = meanByTime(samples, runs, count),
+                            .last = curve.points.back().last.value};
+    }
+    addNeighbours(samples, from, to, curve.points);
     return curve;
 }
 

@@ -7,7 +7,8 @@ namespace velt {
 
 /// The samples from `from` to `to`, both inclusive, as at most `maxPoints` points: one for each
 /// sample while they are no more, else one for each of `maxPoints` equal stretches of time that
-/// holds any.
+/// holds any. One more on either side stands for the neighbour outside, where the line goes on to
+/// it; statistics are of what is inside.
 [[nodiscard]] VELT_API ChartCurve reduce(const ChartSamples& samples, ChartTime from, ChartTime to,
                                          int maxPoints);
 

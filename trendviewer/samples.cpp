@@ -6,6 +6,7 @@
 #include "trendviewer/runs.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <numeric>
 
@@ -57,6 +58,11 @@ SampleKind kindOf(const RowSet& rows, std::size_t column, const std::vector<doub
     }
 }
 
+/// True is -1 in the file, and 1 in a drawing: above False, and its mean is the part of the time.
+void makePositive(std::vector<double>& booleans) {
+    for (double& value : booleans) value = std::abs(value);
+}
+
 /// Takes the times over and drops the rows that have none.
 void takeTimes(const std::vector<double>& dates, ChartSamples& samples) {
     samples.times.reserve(dates.size());
@@ -90,6 +96,7 @@ ChartSamples leggiCampioni(const RowSet& rows, const Locale& locale) {
     if (rows.columnCount() < 2) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     samples.values = numbers(rows, 1, locale);
     samples.kind = kindOf(rows, 1, samples.values);
+    if (samples.kind == SampleKind::Boolean) makePositive(samples.values);
     takeTimes(numbers(rows, 0, locale), samples);
     sortByTime(samples);
     samples.runs = findRuns(samples.times, samples.values);

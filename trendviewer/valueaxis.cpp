@@ -13,10 +13,11 @@
 namespace velt {
 namespace {
 
-constexpr double Full = 100.0;    // percent
-constexpr int WantedTicks = 6;    // about
-constexpr int PercentTicks = 5;   // spaces between the labels of a normalised axis
-constexpr double Finest = 1e-12;  // of a value: what a double can still tell apart, with room
+constexpr double Full = 100.0;        // percent
+constexpr int WantedTicks = 6;        // about
+constexpr int PercentTicks = 5;       // spaces between the labels of a normalised axis
+constexpr double HeightsBeside = 20;  // how far a line may leave the axis
+constexpr double Finest = 1e-12;      // of a value: what a double can still tell apart, with room
 
 struct Bounds {
     double low;
@@ -67,12 +68,17 @@ private:
 
 bool shows(const ChartContents& contents, const ScaleChoice& choice, std::size_t series) {
     const auto& curve = contents.series[series].curve;
-    return choice.visible[series] && curve && curve->statistics.count > 0;
+    return choice.visible[series] && curve &&
+           (curve->statistics.count > 0 || !curve->points.empty());
 }
 
 Bounds boundsOf(const ChartContents& contents, std::size_t series) {
-    const ChartStatistics& statistics = contents.series[series].curve->statistics;
-    return {statistics.minimum, statistics.maximum};
+    const ChartCurve& curve = *contents.series[series].curve;
+    if (curve.statistics.count > 0) return {curve.statistics.minimum, curve.statistics.maximum};
+    // A line that only crosses the view: from the sample before it to the one behind.
+    const auto [low, high] =
+        std::minmax(curve.points.front().last.value, curve.points.back().first.value);
+    return {low, high};
 }
 
 void addPercentTicks(ValueAxis& axis, std::optional<Bounds> labelled, const Locale& locale) {
@@ -140,7 +146,7 @@ ValueAxis valueAxis(const ChartContents& contents, const ScaleChoice& choice,
 }
 
 double heightOf(const clsTrasfLineare& scale, double value) {
-    const double range = scale.Xmax() - scale.Xmin();
+    const double range = HeightsBeside * (scale.Xmax() - scale.Xmin());
     return scale.fx(std::clamp(value, scale.Xmin() - range, scale.Xmax() + range));
 }
 

@@ -39,7 +39,7 @@ struct ValueAxis {
 [[nodiscard]] VELT_API ValueAxis valueAxis(const ChartContents& contents, const ScaleChoice& choice,
                                            const Locale& locale);
 
-/// Height of a value in percent, kept within one height beside the axis.
+/// Height of a value in percent, kept within 20 heights beside the axis.
 [[nodiscard]] VELT_API double heightOf(const clsTrasfLineare& scale, double value);
 
 }  // namespace velt

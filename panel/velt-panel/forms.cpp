@@ -3,6 +3,7 @@
 
 #include "widgets/alarmviewer.h"
 #include "widgets/opcviewer.h"
+#include "widgets/trendviewer.h"
 
 #include <QFile>
 #include <QTabWidget>
@@ -20,6 +21,8 @@ public:
             widget = new ui::AlarmViewer(parent);
         else if (className == "velt::ui::OPCViewer")
             widget = new ui::OPCViewer(parent);
+        else if (className == "velt::ui::TrendViewer")
+            widget = new ui::TrendViewer(parent);
         else
             return QUiLoader::createWidget(className, parent, name);
         widget->setObjectName(name);
@@ -38,6 +41,7 @@ QWidget* makeBuiltInForm() {
     };
     add(new ui::OPCViewer, "OPCViewer1", QStringLiteral("Stazioni dal &vivo"));
     add(new ui::AlarmViewer, "AlarmViewer1", QStringLiteral("Storico a&llarmi"));
+    add(new ui::TrendViewer, "TrendViewer1", QStringLiteral("T&rend"));
     return tabs;
 }
 

@@ -47,6 +47,7 @@ int run(const Options& options) {
     SystemClock clock;
     std::unique_ptr<demo::Installation> installation;
     Sources sources{.alarmFile = options.alarmFile,
+                    .rtuConfig = options.rtuConfig,
                     .opcHost = options.opcHost,
                     .settingsFile = options.settingsFile};
     if (options.demo) {
@@ -62,6 +63,7 @@ int run(const Options& options) {
             if (target.isEmpty()) target = QString::fromStdString(path.string());
         };
         fill(sources.alarmFile, installation->alarmFile());
+        fill(sources.rtuConfig, installation->configFile());
         fill(sources.settingsFile, installation->settingsFile());
         if (sources.opcHost.isEmpty())
             sources.opcHost = QString::fromStdString(installation->opcEndpoint());

@@ -33,6 +33,8 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
         "DIR");
     const QCommandLineOption seed("seed", "Seed of what the demo installation makes up.", "N", "1");
     const QCommandLineOption alarms("alarms", "Alarm database for the alarm viewers.", "FILE");
+    const QCommandLineOption rtuConfig(
+        "rtu-config", "Configuration file VeltRTU.ini for the trend viewers.", "FILE");
     const QCommandLineOption opc("opc",
                                  "Node of the OPC server for the OPC viewers: a host name, or a "
                                  "URL like opc.tcp://host:4840.",
@@ -47,8 +49,8 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
                                         "FILE.png");
     const QCommandLineOption after("after", "Seconds until the picture is taken (default: 2).",
                                    "SECONDS", "2");
-    parser.addOptions(
-        {help, version, demo, data, seed, alarms, opc, settings, click, screenshot, after});
+    parser.addOptions({help, version, demo, data, seed, alarms, rtuConfig, opc, settings, click,
+                       screenshot, after});
     parser.addPositionalArgument("FORM", "Form to show.", "[FORM.ui]");
 
     const auto wrongUsage = [&exitCode](const QString& what) -> std::optional<Options> {
@@ -79,6 +81,7 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
             ? absolute(parser.value(data))
             : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/velt-demo";
     options.alarmFile = absolute(parser.value(alarms));
+    options.rtuConfig = absolute(parser.value(rtuConfig));
     options.opcHost = parser.value(opc);
     options.settingsFile = absolute(parser.value(settings));
     options.clicks = parser.values(click);

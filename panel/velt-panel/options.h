@@ -16,6 +16,7 @@ struct Options {
     QString dataFolder;  ///< of the demo installation
     std::uint64_t seed = 1;
     QString alarmFile;             ///< File of every alarm viewer
+    QString rtuConfig;             ///< File of every trend viewer
     QString opcHost;               ///< Hostname of every OPC viewer
     QString settingsFile;          ///< FileIni of every control
     QStringList clicks;            ///< steps of Clicks, once the window stands

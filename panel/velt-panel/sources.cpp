@@ -3,6 +3,7 @@
 
 #include "widgets/alarmviewer.h"
 #include "widgets/opcviewer.h"
+#include "widgets/trendviewer.h"
 
 #include <QWidget>
 
@@ -15,6 +16,9 @@ void assign(const Sources& sources, const QDir& formFolder, QWidget& form) {
     const auto alarmViewers = form.findChildren<ui::AlarmViewer*>();
     for (ui::AlarmViewer* viewer : alarmViewers)
         viewer->File(sources.alarmFile.isEmpty() ? fromForm(viewer->File()) : sources.alarmFile);
+    const auto trendViewers = form.findChildren<ui::TrendViewer*>();
+    for (ui::TrendViewer* viewer : trendViewers)
+        viewer->File(sources.rtuConfig.isEmpty() ? fromForm(viewer->File()) : sources.rtuConfig);
     // As if it had come with the form: an assignment would connect before the window is there.
     if (!sources.opcHost.isEmpty()) {
         const auto opcViewers = form.findChildren<ui::OPCViewer*>();

@@ -38,14 +38,15 @@ TEST(ReadoutTest, TheSampleThatStandsForAMoment) {
     EXPECT_EQ(valueAt(*samplesOf({{5, 1}, {5, 2}}), 5), 2) << "the last of equal times";
 }
 
-TEST(ReadoutTest, OnlyWithinTheView) {
+TEST(ReadoutTest, OfAViewAlsoTheSamplesBesideIt) {
     ChartContents whole;
     whole.period = 10;
     whole.series[2].samples = samplesOf({{0, 1}, {10, 2}, {20, 3}, {30, 4}});
     const auto view = vista(whole, 10'000, 20'000);
-    EXPECT_EQ(view->series[2].curve->points.size(), 2u);
+    EXPECT_EQ(view->series[2].curve->statistics.count, 2u);
     EXPECT_EQ(sampleAt(*view, 2, 12'000)->value, 2);
-    EXPECT_FALSE(sampleAt(*view, 2, 26'000));
+    EXPECT_EQ(sampleAt(*vista(whole, 12'000, 18'000), 2, 13'000)->time, 10'000);
+    EXPECT_FALSE(sampleAt(*view, 2, 36'000));
     EXPECT_FALSE(sampleAt(*view, 0, 12'000)) << "a series without samples";
 }
 
@@ -66,7 +67,10 @@ TEST(ReadoutTest, PointsStandForMoments) {
 TEST(ReadoutTest, ValuesInTheDigitsOfTheirKind) {
     const Locale locale;
     EXPECT_EQ(valueText(0.1F, SampleKind::Single, locale), "0,1");
-    EXPECT_EQ(valueText(1234.5678, SampleKind::Number, locale), "1234,5678");
+    EXPECT_EQ(valueText(1234.5678, SampleKind::Number, locale), "1234,568");
+    EXPECT_EQ(valueText(1.90976552160868, SampleKind::Number, locale), "1,909766");
+    EXPECT_EQ(valueText(123456789.25, SampleKind::Number, locale), "123456789");
+    EXPECT_EQ(valueText(2147483647, SampleKind::Whole, locale), "2147483647");
     EXPECT_EQ(valueText(-3, SampleKind::Whole, locale), "-3");
     EXPECT_EQ(valueText(-1, SampleKind::Boolean, locale), "Vero");
     EXPECT_EQ(valueText(0, SampleKind::Boolean, locale), "Falso");

@@ -39,17 +39,40 @@ TEST(ReductionTest, FewSamplesArePointsOfTheirOwn) {
     EXPECT_EQ(curve.points[1].first, (ChartSample{1000, 2}));
 }
 
-TEST(ReductionTest, OnlyWhatLiesInViewBothEndsIncluded) {
-    const auto samples = samplesOf({{0, 9}, {1, 2}, {2, 3}, {3, 4}, {4, 9}});
-    const ChartCurve curve = reduce(*samples, 1000, 3000, 1000);
-    EXPECT_THAT(lasts(curve), ElementsAre(2, 3, 4));
-    EXPECT_FALSE(curve.points.front().joined) << "to nothing before the view";
-    EXPECT_EQ(curve.statistics.count, 3u);
-    EXPECT_EQ(curve.statistics.maximum, 4);
-    EXPECT_THAT(reduce(*samples, 5000, 9000, 1000).points, IsEmpty());
-    EXPECT_THAT(reduce(*samples, 1100, 1900, 1000).points, IsEmpty());
-    EXPECT_THAT(lasts(reduce(*samples, 1000, 1000, 1000)), ElementsAre(2));
-    EXPECT_THAT(reduce(*samples, 3000, 1000, 1000).points, IsEmpty()) << "an end before the start";
+TEST(ReductionTest, CountsOnlyWhatLiesInViewAndDrawsTheLineBeyondIt) {
+    const auto samples = samplesOf({{0, 9}, {1, 2}, {2, 3}, {3, 4}, {4, 9}, {5, Missing}, {6, 1}});
+    struct Case {
+        ChartTime from, to;
+        std::size_t count;
+        std::vector<double> drawn;
+        const char* what;
+    };
+    const Case cases[] = {
+        {1000, 3000, 3, {9, 2, 3, 4, 9}, "both ends included"},
+        {0, 4000, 5, {9, 2, 3, 4, 9}, "nothing before it, a break behind it"},
+        {1100, 1900, 0, {2, 3}, "between two samples"},
+        {1000, 1000, 1, {9, 2, 3}, "a moment"},
+        {4000, 7000, 2, {4, 9, 1}, "across a break"},
+        {4100, 5900, 0, {}, "within a break"},
+        {7000, 9000, 0, {}, "behind all"},
+        {-9000, -1, 0, {}, "before all"},
+        {3000, 1000, 0, {}, "an end before the start"},
+    };
+    for (const Case& c : cases) {
+        for (const int maxPoints : {1000, 2}) {
+            const ChartCurve curve = reduce(*samples, c.from, c.to, maxPoints);
+            EXPECT_EQ(curve.statistics.count, c.count) << c.what;
+            if (maxPoints == 1000) {
+                EXPECT_EQ(lasts(curve), c.drawn) << c.what;
+            }
+            EXPECT_LE(curve.points.size(), static_cast<std::size_t>(maxPoints) + 2) << c.what;
+            EXPECT_FALSE(!curve.points.empty() && curve.points.front().joined) << c.what;
+        }
+    }
+    const ChartCurve inner = reduce(*samples, 1000, 3000, 1000);
+    EXPECT_THAT(joins(inner), ElementsAre(false, true, true, true, true));
+    EXPECT_EQ(inner.statistics.maximum, 4);
+    EXPECT_EQ(inner.statistics.last, 4);
 }
 
 TEST(ReductionTest, APointHoldsTheExtremesWhereverTheyStand) {

@@ -41,7 +41,7 @@ TEST(SamplesTest, TakesEveryKindOfValue) {
         {"16-bit integer", std::int16_t{-7}, -7, SampleKind::Whole},
         {"32-bit integer", std::int32_t{70000}, 70000, SampleKind::Whole},
         {"byte", std::uint8_t{200}, 200, SampleKind::Whole},
-        {"Boolean", true, -1, SampleKind::Boolean},
+        {"Boolean", true, 1, SampleKind::Boolean},
         {"text", "1.234,5", 1234.5, SampleKind::Number},
         {"text that is no number", "12.5", Missing, SampleKind::Number},
         {"null", Null{}, Missing, SampleKind::Number},

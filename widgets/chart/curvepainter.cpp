@@ -62,6 +62,15 @@ void paintCurve(QPainter& painter, const QColor& color, const std::vector<QPolyg
     }
 }
 
+/// Where a line ends, or leaves the plot to the right.
+QPointF endOf(const QPolygonF& line, const QRectF& plot) {
+    const QPointF end = line.last();
+    if (end.x() <= plot.right() || line.size() < 2) return end;
+    const QPointF before = line[line.size() - 2];
+    const double part = (plot.right() - before.x()) / std::max(end.x() - before.x(), 1e-9);
+    return {plot.right(), before.y() + (end.y() - before.y()) * part};
+}
+
 }  // namespace
 
 std::vector<QPolygonF> polylines(const ChartSeries& series, std::size_t index,
@@ -102,7 +111,7 @@ void paintCurves(QPainter& painter, const ChartDrawing& drawing, const ChartGeom
         const auto lines = polylines(drawing.contents->series[k], k, geometry);
         if (lines.empty()) continue;
         paintCurve(painter, drawing.penColors[k], lines);
-        ends.emplace_back(k, lines.back().last());
+        ends.emplace_back(k, endOf(lines.back(), plot));
     }
     painter.setClipping(false);
     for (const auto& [series, end] : ends)

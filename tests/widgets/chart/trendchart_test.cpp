@@ -35,7 +35,7 @@ protected:
         for (int i = 0; i <= 60; ++i) ramp.emplace_back(i * 60, i / 2.0);
         contents =
             contentsOf(3600, {samplesOf(ramp, SampleKind::Number, testStart()),
-                              samplesOf({{0, -1}, {1800, 0}}, SampleKind::Boolean, testStart())});
+                              samplesOf({{0, 1}, {1800, 0}}, SampleKind::Boolean, testStart())});
         chart.resize(800, 300);
         chart.plot(contents);
         chart.show();
@@ -159,7 +159,7 @@ TEST_F(TrendChartTest, SavesExactlyTheSamplesInView) {
               "Trend1;14/03/2006 00:00:00;0;m\r\n"
               "Trend1;14/03/2006 00:01:00;0,5;m\r\n"
               "Trend1;14/03/2006 00:02:00;1;m\r\n"
-              "Trend2;14/03/2006 00:00:00;-1;m\r\n");
+              "Trend2;14/03/2006 00:00:00;1;m\r\n");
 }
 
 TEST_F(TrendChartTest, SavesPicturesAndSaysWhenItCannot) {
