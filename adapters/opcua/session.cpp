@@ -40,6 +40,11 @@ struct Session::Core {
     std::vector<std::function<void(UA_Client&)>> commands;
     std::stop_source stop;
 
+    [[nodiscard]] bool stood() const {
+        const std::lock_guard lock(mutex);
+        return state == State::Active;
+    }
+
     void become(State next) {
         const std::lock_guard lock(mutex);
         state = next;
@@ -85,12 +90,13 @@ std::shared_ptr<Session> Session::open(std::string endpoint,
             } catch (const std::bad_alloc&) {
                 failure = RuntimeError(ErrorNumber::Overflow, "Memoria insufficiente");
             }
-            const bool stood = core->state == State::Active;
+            const bool stood = core->stood();
             core->end(failure);
             if (stood && failure && !core->stop.stop_requested() && events.lost)
                 events.lost(failure->Description());
-            events = {};
         }
+        // Only now: values may come in until the client is gone.
+        events = {};
         core.reset();
         const std::lock_guard lock(Threads::all().mutex);
         --Threads::all().running;

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/opcua/endpoint.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace velt::opcua {
+namespace {
+
+constexpr std::string_view Scheme = "opc.tcp://";
+constexpr std::string_view DefaultPort = ":4840";
+
+}  // namespace
+
+std::string endpointOf(const std::optional<std::string>& node) {
+    std::string text = node.value_or("");
+    if (text.empty()) text = "localhost";
+    if (text.starts_with(Scheme)) return text;
+    std::string url(Scheme);
+    const auto colons = std::ranges::count(text, ':');
+    // More than one colon without brackets is the address of a host, not a port.
+    if (colons > 1 && !text.starts_with('['))
+        return url + "[" + text + "]" + std::string(DefaultPort);
+    const bool hasPort = text.starts_with('[') ? text.find("]:") != std::string::npos : colons == 1;
+    url += text;
+    return hasPort ? url : url + std::string(DefaultPort);
+}
+
+std::string hostOf(const std::string& endpoint) {
+    std::string_view rest = endpoint;
+    if (rest.starts_with(Scheme)) rest.remove_prefix(Scheme.size());
+    if (rest.starts_with('[')) return std::string(rest.substr(1, rest.find(']') - 1));
+    return std::string(rest.substr(0, rest.find_first_of(":/")));
+}
+
+}  // namespace velt::opcua

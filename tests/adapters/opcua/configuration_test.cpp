@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/opcua/certificatenames.h"
+#include "adapters/opcua/configfile.h"
+#include "adapters/opcua/endpoint.h"
+#include "adapters/opcua/pki.h"
+#include "platform/runtimeerror.h"
+#include "tests/filebytes.h"
+#include "tests/tempfolder.h"
+
+#include <gmock/gmock.h>
+
+namespace velt::opcua {
+namespace {
+
+using testing::HasSubstr;
+
+TEST(EndpointTest, NodesBecomeUrls) {
+    struct Case {
+        std::optional<std::string> node;
+        const char* url;
+        const char* host;
+    };
+    for (const Case& c : {
+             Case{std::nullopt, "opc.tcp://localhost:4840", "localhost"},
+             {"", "opc.tcp://localhost:4840", "localhost"},
+             {"scada1", "opc.tcp://scada1:4840", "scada1"},
+             {"10.0.0.7:4841", "opc.tcp://10.0.0.7:4841", "10.0.0.7"},
+             {"::1", "opc.tcp://[::1]:4840", "::1"},
+             {"[::1]:50", "opc.tcp://[::1]:50", "::1"},
+             {"[::1]", "opc.tcp://[::1]:4840", "::1"},
+             {"opc.tcp://a.b:5/x/y", "opc.tcp://a.b:5/x/y", "a.b"},
+             {"opc.tcp://a.b/x", "opc.tcp://a.b/x", "a.b"},
+         }) {
+        EXPECT_EQ(endpointOf(c.node), c.url);
+        EXPECT_EQ(hostOf(c.url), c.host);
+    }
+}
+
+TEST(ConfigFileTest, TakesWhatItKnowsAndNothingElse) {
+    const TempFolder folder;
+    const std::string path = (folder / "opc.ini").string();
+    test::writeBytes(path,
+                     "; prova\r\n[Altro]\nqualcosa\n[OPC]\n Security = SignAndEncrypt\r\n"
+                     "User=anna\nPassword = a=b ;c\nPki=certificati\nCheckHost=no\n");
+    const ConfigFile file = readConfigFile(path);
+    EXPECT_EQ(file.security, ConfigFile::Security::SignAndEncrypt);
+    EXPECT_EQ(file.user + "/" + file.password, "anna/a=b ;c");
+    EXPECT_EQ(file.pkiFolder, folder / "certificati");
+    EXPECT_FALSE(file.checkHost);
+    for (const char* wrong : {"Securty=Sign", "Security=sign", "CheckHost=", "niente", "User=anna",
+                              "Security=None\nUser=anna"}) {
+        test::writeBytes(path, std::string("[OPC]\n") + wrong);
+        EXPECT_THROW((void)readConfigFile(path), RuntimeError) << wrong;
+    }
+    EXPECT_THROW((void)readConfigFile((folder / "manca.ini").string()), RuntimeError);
+}
+
+TEST(PkiTest, MakesACertificateOnce) {
+    const TempFolder folder;
+    const Pki pki(folder / "pki");
+    const OwnCertificate own = pki.own();
+    EXPECT_THAT(own.uri, testing::StartsWith("urn:"));
+    EXPECT_EQ(pki.own().certificate, own.certificate);
+    const auto mode = std::filesystem::status(folder / "pki/own/key.der").permissions();
+    EXPECT_EQ(static_cast<unsigned>(mode), 0600U);
+    EXPECT_TRUE(pki.trusted().empty());
+    // Half a pair is not made whole by a new one: the old one may be known to servers.
+    std::filesystem::remove(folder / "pki/own/key.der");
+    EXPECT_THROW((void)pki.own(), RuntimeError);
+}
+
+TEST(CertificateNamesTest, DamagedCertificatesHaveFewerNames) {
+    const TempFolder folder;
+    const std::string whole = Pki(folder.path()).own().certificate;
+    const CertificateNames names = namesOf(whole);
+    ASSERT_EQ(names.hosts.size(), 1U);
+    EXPECT_TRUE(holdsHost(names, names.hosts.front()));
+    EXPECT_FALSE(holdsHost(names, names.hosts.front() + "x"));
+    EXPECT_TRUE(holdsHost({{}, {}, {std::string("\x7F\0\0\x01", 4)}}, "127.0.0.1"));
+    EXPECT_FALSE(holdsHost({{}, {}, {std::string("\x7F\0\0\x01", 4)}}, "127.0.0.2"));
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_TRUE(namesOf(whole.substr(0, size)).hosts.empty()) << size;
+    for (std::size_t i = 0; i < whole.size(); ++i) {  // reads within bounds, whatever lengths say
+        std::string damaged = whole;
+        damaged[i] = static_cast<char>(0xFF);
+        (void)namesOf(damaged);
+    }
+}
+
+}  // namespace
+}  // namespace velt::opcua
