@@ -18,4 +18,15 @@ template <typename Call>
     return std::nullopt;
 }
 
+/// The RuntimeError that `call` raises; one of number 0 when it raises none.
+template <typename Call>
+[[nodiscard]] RuntimeError raisedBy(Call&& call) {
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        return error;
+    }
+    return {0, "none"};
+}
+
 }  // namespace velt

@@ -3,7 +3,6 @@
 
 #include "adapters/access/plaintext.h"
 #include "platform/isodate.h"
-#include "platform/runtimeerror.h"
 
 #include <type_traits>
 
@@ -39,15 +38,13 @@ void AccessFile::addTable(const std::string& name,
         jet::Writer writer =
             std::filesystem::exists(path_) ? jet::Writer::open(path_) : jet::Writer::create(path_);
         writer.createTable(name, columns);
-        writer.flush();
     }
     append(name, rows);
 }
 
-void AccessFile::append(const std::string& table, const std::vector<Row>& rows) {
+void AccessFile::append(const std::string& table, const std::vector<Row>& rows) const {
     jet::Writer writer = jet::Writer::open(path_);
     for (const Row& row : rows) writer.append(table, row);
-    writer.flush();
 }
 
 void AccessFile::addAlarms() {
@@ -92,13 +89,8 @@ std::vector<std::string> AccessFile::texts(const std::string& statement) const {
     return result;
 }
 
-int AccessFile::errorOf(const std::string& statement) const {
-    try {
-        static_cast<void>(query(statement));
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
+RuntimeError AccessFile::error(const std::string& statement) const {
+    return raisedBy([&] { static_cast<void>(query(statement)); });
 }
 
 Date date(const std::string& text) { return fromIsoText(text).value(); }

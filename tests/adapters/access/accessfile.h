@@ -4,9 +4,9 @@
 
 #include "adapters/access/jet/writer.h"
 #include "adapters/access/queryengine.h"
+#include "tests/errorof.h"
 #include "tests/tempfolder.h"
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -22,15 +22,15 @@ public:
     /// Adds a table to the file, which is made when it is not there.
     void addTable(const std::string& name, const std::vector<jet::ColumnDefinition>& columns,
                   const std::vector<Row>& rows);
-    void append(const std::string& table, const std::vector<Row>& rows);
+    void append(const std::string& table, const std::vector<Row>& rows) const;
     /// The table Allarmi with some rows of every kind that matters to filters.
     void addAlarms();
 
     [[nodiscard]] std::shared_ptr<const ResultRows> query(const std::string& statement) const;
     /// The rows as text, one string per row, values joined by "|"; null reads "-".
     [[nodiscard]] std::vector<std::string> texts(const std::string& statement) const;
-    /// The number of the error that a statement raises, 0 when it raises none.
-    [[nodiscard]] int errorOf(const std::string& statement) const;
+    /// What a statement raises.
+    [[nodiscard]] RuntimeError error(const std::string& statement) const;
 
 private:
     TempFolder folder_;

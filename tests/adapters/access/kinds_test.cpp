@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Every kind of column on its way from the file into a result, and names of every spelling.
-#include "platform/runtimeerror.h"
 #include "tests/adapters/access/accessfile.h"
 
 #include <gmock/gmock.h>
@@ -63,10 +62,7 @@ TEST(Kinds, ComeAsTheyAreStored) {
             EXPECT_EQ(rows->value(1, i), boolean ? Variant(false) : Variant(Null{}))
                 << kinds[i].name;
         }
-        const auto dates = rows->doubles(7);
-        ASSERT_EQ(dates.size(), 2U);
-        EXPECT_EQ(dates[0], -1.25) << "as stored, not as compared";
-        EXPECT_TRUE(rows->doubles(8).empty());
+        EXPECT_EQ(rows->doubles(7)[0], -1.25) << "as stored, not as compared";
     }
     EXPECT_THAT(file.texts("SELECT Max(T), Min(I), Count(*), Sum(L), Avg(D), Min(X) FROM Tipi"),
                 ElementsAre("1899-12-29 06:00:00|-32768|2|-2147483648|0.1|perché €"));
@@ -87,23 +83,19 @@ TEST(Kinds, NumbersThatAreNone) {
                    {Date(1e300), 1e300},
                    {Date(0.0), -0.0}});
     const auto rows = file.query("SELECT V, D FROM Strani ORDER BY D");
-    ASSERT_EQ(rows->rowCount(), 5U);
     EXPECT_EQ(rows->value(0, 0), Variant(Null{}));
-    const double expected[] = {-infinite, -0.0, 1e300, infinite};
-    for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(rows->doubles(0)[i + 1], expected[i]);
-        EXPECT_EQ(rows->doubles(1)[i + 1], expected[i]);
+    for (const std::size_t column : {0U, 1U}) {
+        const auto values = rows->doubles(column);
+        EXPECT_THAT(std::vector<double>(values.begin() + 1, values.end()),
+                    ElementsAre(-infinite, -0.0, 1e300, infinite));
     }
     EXPECT_THAT(file.texts("SELECT Count(*) FROM Strani WHERE D > #1900-01-01#"), ElementsAre("2"));
 }
 
 TEST(Kinds, NamesAreFoundInAnyLetterCase) {
     AccessFile file;
-    file.addTable("Cloro Residuo",
-                  {{"Quantità [mg]", ColumnType::Double},
-                   {"select", ColumnType::Long},
-                   {"a\"b", ColumnType::Long}},
-                  {{1.5, std::int32_t{2}, std::int32_t{3}}});
+    file.addTable("Cloro Residuo", {{"select", ColumnType::Long}, {"a\"b", ColumnType::Long}},
+                  {{std::int32_t{2}, std::int32_t{3}}});
     EXPECT_THAT(file.texts("SELECT [select], `a\"b` FROM [CLORO residuo]"), ElementsAre("2|3"));
     file.addTable("Livelli", {{"Quantità", ColumnType::Double}, {"Città", ColumnType::Text}},
                   {{1.5, "Forlì"}});
@@ -112,7 +104,7 @@ TEST(Kinds, NamesAreFoundInAnyLetterCase) {
     ASSERT_EQ(rows->rowCount(), 1U);
     EXPECT_EQ(rows->columnName(0), "Quantità");
     EXPECT_EQ(rows->columnName(1), "Città");
-    EXPECT_EQ(file.errorOf("SELECT Quantita FROM Livelli"), 3061) << "an accent is another name";
+    EXPECT_EQ(file.error("SELECT Quantita FROM Livelli").Number(), 3061);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/likepattern.h"
 
-#include "platform/runtimeerror.h"
+#include "tests/errorof.h"
 
 #include <gtest/gtest.h>
 
@@ -42,14 +42,8 @@ TEST(LikePattern, ManyStarsStayCheap) {
 
 TEST(LikePattern, MalformedOnesAreRefused) {
     for (const std::string& pattern :
-         {std::string("[a"), std::string("a["), std::string("[!"), std::string(1001, '*')}) {
-        try {
-            const LikePattern accepted(pattern);
-            ADD_FAILURE() << pattern;
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.Number(), 93);
-        }
-    }
+         {std::string("[a"), std::string("a["), std::string("[!"), std::string(1001, '*')})
+        EXPECT_EQ(raisedBy([&] { const LikePattern refused(pattern); }).Number(), 93) << pattern;
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // What statements answer: filters, order, groups, names and kinds of columns.
-#include "platform/runtimeerror.h"
 #include "tests/adapters/access/accessfile.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +11,6 @@ namespace velt::access {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 using Texts = std::vector<std::string>;
 
@@ -31,8 +29,6 @@ TEST_F(Query, ListsOfStationsAndAlarms) {
         ElementsAre("-", "Antico", "Futuro", "Livello alto", "Porta", "Torbidita", "Torbidità"));
     EXPECT_THAT(file_.texts("SELECT DISTINCT vrx FROM ALLARMI ORDER BY vrx DESC"),
                 ElementsAre("RTU10", "RTU03", "RTU02", "RTU01", "L'Aquila", "", "-"));
-    EXPECT_THAT(file_.texts("SELECT DISTINCT Data FROM Allarmi WHERE VRX = 'rtu10' ORDER BY Data"),
-                ElementsAre("1850-06-01 06:00:00", "1850-06-01 18:00:00", "9999-12-31 23:59:59"));
 }
 
 TEST_F(Query, ShortcutForListsAnswersAsTheEngineDoes) {
@@ -49,51 +45,37 @@ TEST_F(Query, ShortcutForListsAnswersAsTheEngineDoes) {
     }
 }
 
-TEST_F(Query, DateBoundsAreInclusive) {
-    EXPECT_THAT(
-        file_.texts("SELECT Descrizione FROM Allarmi WHERE ((Data >= #2006-03-14 07:30:00# AND "
-                    "Data <= #2006-04-18 07:30:00#)) ORDER BY Data"),
-        ElementsAre("primo", "apostrofo", "senza nome", "nome vuoto", "-"));
-    EXPECT_THAT(file_.texts("SELECT Descrizione FROM Allarmi WHERE (Data > #2006-03-14 07:30:00# "
-                            "AND Data < #2006-04-18 07:30:00#) ORDER BY Data DESC"),
-                ElementsAre("senza nome", "nome vuoto", "apostrofo"));
-    EXPECT_THAT(file_.texts("SELECT Descrizione FROM Allarmi WHERE Data = #3/20/2006#"),
-                ElementsAre("senza nome", "nome vuoto"));
-    EXPECT_THAT(file_.texts("SELECT a.Data FROM Allarmi a WHERE a.Data BETWEEN #1/1/1850# AND "
-                            "#6/1/1850 12:00:00#"),
-                ElementsAre("1850-06-01 06:00:00"));
-}
-
-TEST_F(Query, OrderOfTimeAlsoLongAgo) {
-    EXPECT_THAT(
-        file_.texts("SELECT Data FROM Allarmi WHERE VRX='RTU10' OR VRX IS NULL ORDER BY Data"),
-        ElementsAre("-", "1850-06-01 06:00:00", "1850-06-01 18:00:00", "2006-03-20 00:00:00",
-                    "9999-12-31 23:59:59"));
-    EXPECT_THAT(file_.texts("SELECT Min(Data), Max(Data), Count(*), Count(Data) FROM Allarmi"),
-                ElementsAre("1850-06-01 06:00:00|9999-12-31 23:59:59|12|10"));
-}
-
-TEST_F(Query, TextsCompareAsAccessDoes) {
+TEST_F(Query, ConditionsCompareAsAccessDoes) {
     const std::pair<const char*, Texts> cases[] = {
-        {"VRX = 'RTU01'", {"primo", "secondo"}},
+        {"((Data >= #2006-03-14 07:30:00# AND Data <= #2006-04-18 07:30:00#)) ORDER BY Data",
+         {"primo", "apostrofo", "senza nome", "nome vuoto", "-"}},
+        {"(Data > #2006-03-14 07:30:00# AND Data < #2006-04-18 07:30:00#) ORDER BY Data DESC",
+         {"senza nome", "nome vuoto", "apostrofo"}},
+        {"Data BETWEEN #1/1/1850# AND #6/1/1850 12:00:00#", {"il mattino"}},
+        {"VRX = 'rtu10' ORDER BY Data", {"il mattino", "la sera", "alla fine"}},
+        {"Allarme IS NULL OR Data = Null OR VRX = Null", {"-"}},
         {"VRX = 'rtu01   '", {"primo", "secondo"}},
         {"VRX <> 'rtu01' AND Data < #1/1/1900#", {"la sera", "il mattino"}},
         {"Allarme = 'torbidità'", {"", "senza data"}},
         {"Allarme = 'TORBIDITA'", {"senza nome"}},
         {"VRX = ''", {"nome vuoto"}},
-        {"VRX = 'L''Aquila'", {"apostrofo"}},
         {"VRX = \"L'Aquila\"", {"apostrofo"}},
         {"Descrizione IS NULL AND NOT VRX IS NULL", {"-"}},
         {"Descrizione = '  '", {""}},
         {"VRX IN ('rtu03', 'l''AQUILA')", {"senza data", "apostrofo"}},
+        // Many equalities become one list, but only where nothing else is in the bracket.
         {"((VRX = 'rtu03') OR (VRX = 'x') OR (VRX = 'RTU02 ') OR (VRX = 'y'))",
          {"-", "", "senza data"}},
+        {"((VRX = 'rtu03') OR (VRX = 'x') OR (VRX = 'RTU02') OR (VRX = 'RTU10') AND Data < 0)",
+         {"-", "", "senza data", "la sera", "il mattino"}},
+        {"((VRX = 'rtu03') OR (VRX = 'x') OR (VRX = 'y') OR (Allarme = 'Futuro'))",
+         {"senza data", "alla fine"}},
+        // A text beside an expression is compared as one beside a column.
         {"VRX & '' = 'RTU03'", {"senza data"}},
-        {"UCase(VRX) = 'rtu03'", {"senza data"}},
+        {"'rtu03' = UCase(VRX)", {"senza data"}},
         {"VRX > 'l' AND VRX < 'rtu02'", {"primo", "secondo", "apostrofo"}},
         {"Allarme LIKE 'torb*'", {"", "senza data", "senza nome"}},
         {"Allarme LIKE 'Torbidit?' AND VRX LIKE 'RTU##'", {"", "senza data"}},
-        {"VRX LIKE '[l-m]*'", {"apostrofo"}},
     };
     for (const auto& [condition, expected] : cases) {
         const Texts answer =
@@ -102,14 +84,23 @@ TEST_F(Query, TextsCompareAsAccessDoes) {
     }
 }
 
-TEST_F(Query, StatementOfTheAlarmViewer) {
-    EXPECT_THAT(
-        file_.texts("SELECT Data, VRX, Allarme, Descrizione, Evento FROM Allarmi WHERE ((Data >= "
-                    "#2006-03-14 07:29:59#) AND Allarme = 'Livello alto' AND ((VRX = 'RTU01') OR "
-                    "(VRX = 'RTU02'))) ORDER BY Data"),
-        ElementsAre("2006-03-14 07:29:59|rtu01 |Livello alto|secondo|Attivo",
-                    "2006-03-14 07:30:00|RTU01|Livello alto|primo|Attivo",
-                    "2006-04-18 07:30:00|RTU02|livello ALTO|-|Rientrato"));
+TEST_F(Query, ExtremesTopAndJoins) {
+    const std::pair<const char*, Texts> cases[] = {
+        {"SELECT Min(Data), Max(Data), Count(*), Count(Data) FROM Allarmi",
+         {"1850-06-01 06:00:00|9999-12-31 23:59:59|12|10"}},
+        {"SELECT TOP 2 Descrizione FROM Allarmi WHERE Data > #1/1/2000# ORDER BY Data",
+         {"secondo", "primo"}},
+        {"SELECT Count(*) FROM (SELECT DISTINCT TOP 2 VRX FROM Allarmi) AS s", {"2"}},
+        {"SELECT a.Descrizione, b.Descrizione FROM Allarmi AS a INNER JOIN Allarmi AS b "
+         "ON a.VRX = b.VRX AND a.Data < b.Data WHERE a.VRX = 'RTU10' ORDER BY a.Data, b.Data",
+         {"il mattino|la sera", "il mattino|alla fine", "la sera|alla fine"}},
+        {"SELECT a.Descrizione, b.VRX FROM Allarmi AS a LEFT JOIN Allarmi AS b "
+         "ON a.VRX = b.VRX AND a.Data < b.Data WHERE a.Allarme = 'Futuro'",
+         {"alla fine|-"}},
+        {"SELECT VRX & '/' & Data FROM Allarmi WHERE Allarme IS NULL", {"/"}},
+    };
+    for (const auto& [statement, rows] : cases)
+        EXPECT_EQ(file_.texts(statement), rows) << statement;
 }
 
 TEST_F(Query, NamesOfColumns) {
@@ -127,26 +118,6 @@ TEST_F(Query, ColumnsKeepTheirKindWithoutRows) {
     EXPECT_EQ(rows->rowCount(), 0U);
     EXPECT_EQ(rows->columnType(0), FieldType::Date);
     EXPECT_EQ(rows->columnType(1), FieldType::Text);
-}
-
-TEST_F(Query, TopUnionJoinAndSubquery) {
-    EXPECT_THAT(
-        file_.texts("SELECT TOP 2 Descrizione FROM Allarmi WHERE Data > #1/1/2000# ORDER BY Data"),
-        ElementsAre("secondo", "primo"));
-    EXPECT_THAT(file_.texts("SELECT VRX FROM Allarmi WHERE VRX = 'RTU03' UNION "
-                            "SELECT VRX FROM Allarmi WHERE VRX = 'RTU02'"),
-                ElementsAre("RTU02", "RTU03"));
-    EXPECT_THAT(
-        file_.texts("SELECT a.Descrizione, b.Descrizione FROM Allarmi AS a INNER JOIN Allarmi "
-                    "AS b ON a.VRX = b.VRX AND a.Data < b.Data WHERE a.VRX = 'RTU10' ORDER BY "
-                    "a.Data, b.Data"),
-        ElementsAre("il mattino|la sera", "il mattino|alla fine", "la sera|alla fine"));
-    EXPECT_THAT(
-        file_.texts("SELECT VRX FROM Allarmi AS a WHERE Data = (SELECT Max(Data) FROM Allarmi b "
-                    "WHERE b.Data < a.Data + 1) AND Data < #1/1/1900#"),
-        ElementsAre("RTU10"));
-    EXPECT_THAT(file_.texts("SELECT Evento, Count(*) FROM Allarmi GROUP BY Evento ORDER BY Evento"),
-                ElementsAre("-|2", "Attivo|9", "Rientrato|1"));
 }
 
 TEST_F(Query, PushedDownRangesAndOrdersAnswerAsTheEngineDoes) {
@@ -175,9 +146,8 @@ TEST_F(Query, PushedDownRangesAndOrdersAnswerAsTheEngineDoes) {
         "{D} > #1/1/1900# AND N IN (SELECT N FROM Casuale WHERE {E} > #12/31/1899#)",
     };
     const auto with = [](std::string text, const std::string& d, const std::string& e) {
-        for (const auto& [mark, name] : {std::pair<std::string, std::string>{"{D}", d}, {"{E}", e}})
-            for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark))
-                text.replace(at, mark.size(), name);
+        for (auto at = text.find('{'); at != std::string::npos; at = text.find('{'))
+            text.replace(at, 3, text[at + 1] == 'D' ? d : e);
         return text;
     };
     for (const char* condition : conditions) {
@@ -191,48 +161,31 @@ TEST_F(Query, PushedDownRangesAndOrdersAnswerAsTheEngineDoes) {
             EXPECT_EQ(pushed, plain) << condition << direction;
         }
     }
-    EXPECT_EQ(file_.texts("SELECT D FROM Casuale").size(), 500U);
-}
-
-TEST_F(Query, NullInEveryColumn) {
-    EXPECT_THAT(file_.texts("SELECT * FROM Allarmi WHERE Allarme IS NULL"),
-                ElementsAre("-|-|-|-|-"));
-    EXPECT_THAT(file_.texts("SELECT * FROM Allarmi WHERE Data = Null OR VRX = Null"), IsEmpty());
-    EXPECT_THAT(file_.texts("SELECT VRX & '/' & Data FROM Allarmi WHERE Allarme IS NULL"),
-                ElementsAre("/"));
-    const auto rows = file_.query("SELECT Data FROM Allarmi ORDER BY Data");
-    ASSERT_EQ(rows->doubles(0).size(), 12U);
-    EXPECT_NE(rows->doubles(0)[0], rows->doubles(0)[0]) << "null is not a number";
 }
 
 TEST_F(Query, Functions) {
     const std::pair<const char*, const char*> cases[] = {
         {"Left('città', 5)", "città"},
-        {"Left('ab', 5)", "ab"},
         {"Right('città', 2)", "tà"},
         {"Right('ab', 5)", "ab"},
         {"Mid('città', 2, 2)", "it"},
         {"Mid('città', 5)", "à"},
         {"Len('città')", "5"},
         {"UCase('città')", "CITTÀ"},
-        {"LCase('CITTÀ')", "città"},
-        {"Trim('  a ')", "a"},
         {"Nz(Null, 7)", "7"},
         {"Nz(Null)", ""},
-        {"Nz('x', 7)", "x"},
-        {"IIf(1 > 2, 'a', 'b')", "b"},
         {"Int(-1.5)", "-2"},
         {"Fix(-1.5)", "-1"},
         {"Round(2.5)", "2"},
         {"Round(1.25, 1)", "1.2"},
         {"7 / 2", "3.5"},
+        {"1--1", "2"},
         {"1 + 2 & 3 * 4", "312"},
-        {"1.50 & ''", "1.5"},
+        {"7 - 1 & 'x' = (5 + 1) & 'X'", "1"},
+        {"1.50 & -2", "1.5-2"},
         {"Len(Null)", "-"},
         {"True & False", "-10"},
-        {"Abs(-3)", "3"},
         {"IsNull(Null)", "-1"},
-        {"Year(#1850-06-01 18:00:00#)", "1850"},
         {"Hour(#1850-06-01 18:00:00#)", "18"},
         {"Year(1e9)", "-"},
         {"Now() >= Date() AND Now() < Date() + 1.1", "1"},
