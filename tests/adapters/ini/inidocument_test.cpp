@@ -3,7 +3,6 @@
 
 #include "adapters/ini/encoding.h"
 
-#include <array>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
@@ -14,7 +13,7 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string afterSet(std::string_view bytes, const std::string& section, const std::string& key,
+std::string afterSet(std::string_view bytes, const char* section, const char* key,
                      const std::string& value) {
     IniDocument document(bytes);
     document.set(section, key, value);
@@ -24,14 +23,11 @@ std::string afterSet(std::string_view bytes, const std::string& section, const s
 struct Edit {
     const char* what;
     std::string before;
-    std::string section;
-    std::string key;
-    std::string value;
+    const char *section, *key, *value;
     std::string after;
 };
 
 const std::vector<Edit> edits = {
-    {"empty file", "", "S", "k", "v", "[S]\nk=v\n"},
     {"a changed value keeps all around it",
      "; testa\n\n[S]\n# nota\nk = 1  \nrottame\nk=doppia\n\n[T]\nk=9\n", "S", "k", "2",
      "; testa\n\n[S]\n# nota\nk = 2\nrottame\nk=doppia\n\n[T]\nk=9\n"},
@@ -43,8 +39,8 @@ const std::vector<Edit> edits = {
      "[S]\na=1\nn=3\n[T]\n[S]\nb=2\n"},
     {"the second block's key is changed where it is", "[S]\na=1\n[T]\n[S]\nb=2\n", "S", "b", "3",
      "[S]\na=1\n[T]\n[S]\nb=3\n"},
-    {"sections are case-sensitive", "[s]\nk=1\n", "S", "k", "2", "[s]\nk=1\n\n[S]\nk=2\n"},
-    {"keys are case-sensitive", "[S]\nK=1\n", "S", "k", "2", "[S]\nK=1\nk=2\n"},
+    {"names are case-sensitive", "[S]\nK=1\n[s]\nk=1\n", "S", "k", "2",
+     "[S]\nK=1\nk=2\n[s]\nk=1\n"},
     {"CRLF stays", "[S]\r\na=1\r\n", "S", "n", "2", "[S]\r\na=1\r\nn=2\r\n"},
     {"mixed line ends stay", "[S]\r\na=1\nb=2\r\n", "S", "a", "5", "[S]\r\na=5\nb=2\r\n"},
     {"a missing last line end stays", "[S]\na=1", "S", "a", "2", "[S]\na=2"},
@@ -59,10 +55,6 @@ const std::vector<Edit> edits = {
      "[S]\nCitt\xE0=Cefal\xF9 \x80\n"},
     {"Windows-1252 gives way to UTF-8", "; Forl\xEC\n[S]\nk=1\n", "S", "k", "Łódź",
      "\xEF\xBB\xBF; Forlì\n[S]\nk=Łódź\n"},
-    {"Windows-1252 that would read as UTF-8", "; Forl\xEC\n[S]\nk=1\n", "S", "k", "Ã¨",
-     "\xEF\xBB\xBF; Forlì\n[S]\nk=Ã¨\n"},
-    {"a damaged line under a mark", "\xEF\xBB\xBF[S]\nx\xE8=1\nk=2\n", "S", "xè", "Łódź",
-     "\xEF\xBB\xBF[S]\nxè=Łódź\nk=2\n"},
 };
 
 TEST(IniDocument, ChangesNothingButTheLineOfTheKey) {
@@ -74,13 +66,8 @@ TEST(IniDocument, ChangesNothingButTheLineOfTheKey) {
     }
 }
 
-struct Foreign {
-    std::string line;
-    std::string value;
-};
-
 TEST(IniDocument, ReadsWhatOtherProgramsWrite) {
-    const std::vector<Foreign> lines = {
+    const std::pair<std::string, std::string> lines[] = {
         {"k=C:\\nuovo\\test", "C:\\nuovo\\test"},
         {"k=\"C:\\nuovo\\\"", "C:\\nuovo\\"},
         {"  k\t= due parole \t", "due parole"},
@@ -90,15 +77,12 @@ TEST(IniDocument, ReadsWhatOtherProgramsWrite) {
         {"k=\"uno\" e \"due\" o", "\"uno\" e \"due\" o"},
         {"k=a=b;c#d", "a=b;c#d"},
         {"k=", ""},
-        {"k=50%", "50%"},
         {"k=%\"50%\"", "50%"},
         {"k=prima\nk=seconda", "prima"},
-        {"k=a\tb\r", "a\tb"},
         {"\"k\"=x", "x"},
     };
-    for (const Foreign& foreign : lines)
-        EXPECT_EQ(IniDocument("[ S ] ; nota\n" + foreign.line + "\n").get("S", "k"), foreign.value)
-            << foreign.line;
+    for (const auto& [line, value] : lines)
+        EXPECT_EQ(IniDocument("[ S ] ; nota\n" + line + "\n").get("S", "k"), value) << line;
 }
 
 TEST(IniDocument, WritesPlainTextsPlainly) {
@@ -113,39 +97,9 @@ TEST(IniDocument, WritesPlainTextsPlainly) {
 /// Whatever stands in a file, whatever is written, under whatever names: it reads back, and what
 /// stood there before can still be read.
 TEST(IniDocument, EveryTextReadsBackFromEveryFile) {
-    const std::vector<std::string> pieces = {"",
-                                             " ",
-                                             "\t",
-                                             "\n",
-                                             "\r",
-                                             "\"",
-                                             "'",
-                                             ";",
-                                             "#",
-                                             "=",
-                                             "[",
-                                             "]",
-                                             "%",
-                                             "%0A",
-                                             "%\"",
-                                             "a",
-                                             "Z",
-                                             "\0"s,
-                                             "\x1A",
-                                             "\xE8",
-                                             "\xC3",
-                                             "\\",
-                                             "è",
-                                             "\x80",
-                                             "\xFF",
-                                             "Ł",
-                                             "Ã¨",
-                                             "\xEF\xBB\xBF",
-                                             "\xF0\x9F\x9A\xB0",
-                                             "k=v",
-                                             "\n[S]\n",
-                                             "S",
-                                             "k"};
+    std::vector<std::string> pieces = {
+        "", "%0A", "%\"", "è", "Ł", "Ã¨", "\xEF\xBB\xBF", "\xF0\x9F\x9A\xB0", "k=v", "\n[S]\n"};
+    for (const char c : " \t\n\r\"';#=[]%aZSk\\\x1A\xE8\xC3\x80\xFF\0"s) pieces.emplace_back(1, c);
     std::mt19937 random(20060314);
     const auto text = [&](std::size_t most) {
         std::string result;
@@ -171,15 +125,6 @@ TEST(IniDocument, EveryTextReadsBackFromEveryFile) {
         document.set(section, key, value);
         ASSERT_EQ(document.bytes(), written) << "a second time changes nothing";
     }
-}
-
-TEST(IniDocument, HoldsManyKeysAndHugeLines) {
-    IniDocument document("[S]\n" + std::string(3'000'000, 'x') + "\n");
-    for (int i = 0; i < 20000; ++i) document.set("S", "List" + std::to_string(i), "1");
-    document.set("S", "lunga", std::string(3'000'000, '%'));
-    const IniDocument again(document.bytes());
-    EXPECT_EQ(again.get("S", "List19999"), "1");
-    EXPECT_EQ(again.get("S", "lunga"), std::string(3'000'000, '%'));
 }
 
 TEST(Encoding, EveryByteOfTheCodePageHasAWayBack) {

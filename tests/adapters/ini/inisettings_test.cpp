@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/file.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -95,49 +94,37 @@ TEST_F(IniSettingsTest, SavesAtTheEndAndRestores) {
 }
 
 TEST_F(IniSettingsTest, WithoutAFileNothingIsReadOrWritten) {
-    const auto none = factory_.create();
-    none->ScriviStringa("k", "v");
-    EXPECT_EQ(none->LeggiStringa("k", "difetto"), "difetto");
-    EXPECT_EQ(none->LeggiData("k"), present);
-    none->NomeFile(file_.string());
-    EXPECT_EQ(none->LeggiStringa("k", "difetto"), "difetto");
-    EXPECT_TRUE(log_.empty());
-}
-
-TEST_F(IniSettingsTest, AnotherFileTakesOnlyWhatIsWrittenAfterIt) {
-    const auto both = settings(file_);
-    both->ScriviStringa("k", "prima");
-    both->NomeFile((folder_ / "altro.ini").string());
+    const auto object = factory_.create();
+    object->Sezione("S");
+    object->ScriviStringa("k", "v");
+    object->NomeFile(file_.string());
+    EXPECT_EQ(object->LeggiStringa("k", "difetto"), "difetto");
+    object->ScriviStringa("k", "prima");
+    object->NomeFile((folder_ / "altro.ini").string());
     EXPECT_EQ(bytesOf(file_), "[S]\nk=prima\n");
-    EXPECT_EQ(both->LeggiStringa("k", ""), "");
+    EXPECT_EQ(object->LeggiStringa("k", ""), "");
+    EXPECT_TRUE(log_.empty());
 }
 
 TEST_F(IniSettingsTest, ReadsTheDatesOfAnItalianSystem) {
     const Date morning = Date::fromFields({2006, 3, 14, 7, 30, 0, 0});
     const std::vector<std::pair<std::string, Date>> texts = {
         {"2006-03-14 07:30:00", morning},
-        {"2006-03-14T07:30:00", morning},
         {"14/03/2006 7.30.00", morning},
-        {"14/03/2006 07:30:00", morning},
         {"14/03/2006 7.30", morning},
         {"14/03/2006", Date::fromFields({2006, 3, 14})},
-        {"2006-03-14", Date::fromFields({2006, 3, 14})},
-        {"0100-01-01 00:00:00", Date::fromFields({100, 1, 1})},
         {"1899-12-29 06:00:00.001", Date::fromFields({1899, 12, 29, 6, 0, 0, 1})},
         {"", present},
         {"ieri", present},
         {"31/02/2006", present},
         {"2006-03-14 25:00:00", present},
-        {"2006-03-14 07:30:00.2500", present},
         {"14/03/2006 7.30.00 x", present},
         {std::string(100000, '9'), present},
-        {"14\0/03/2006"s, present},
     };
     for (const auto& [text, date] : texts) {
         writeBytes(file_, "[S]\nd=" + text + "\n");
         EXPECT_EQ(settings(file_)->LeggiData("d"), date) << text.substr(0, 40);
     }
-    EXPECT_EQ(settings(file_)->LeggiData("manca"), present);
 }
 
 TEST_F(IniSettingsTest, DatesReadBackToTheMillisecond) {
@@ -148,7 +135,7 @@ TEST_F(IniSettingsTest, DatesReadBackToTheMillisecond) {
         EXPECT_EQ(settings(file_)->LeggiData("d").milliseconds(), date.milliseconds()) << serial;
     }
     settings(file_)->ScriviData("k", Date(1e18));
-    EXPECT_EQ(settings(file_)->LeggiStringa("k", "-"), "-");
+    EXPECT_EQ(settings(file_)->LeggiData("k"), present);
     EXPECT_EQ(log_.size(), 1u);
 }
 
@@ -169,15 +156,12 @@ TEST_F(IniSettingsTest, ReadsNumbersOrTheDefault) {
 TEST_F(IniSettingsTest, PathsComeFromAWindowsWorld) {
     fs::create_directory(folder_ / "dati");
     save(folder_.path().string() + "\\DATI\\p.ini", "k", "v");
-    save(folder_.path().string() + "\\Dati\\P.INI", "n", "2");
-    EXPECT_EQ(bytesOf(folder_ / "dati" / "p.ini"), "[S]\nk=v\nn=2\n");
+    EXPECT_EQ(bytesOf(folder_ / "dati" / "p.ini"), "[S]\nk=v\n");
     fs::current_path(folder_.path());
     save("qui.ini", "k", "v");
-    save("DATI\\LI.ini", "k", "v");
     fs::current_path("/");
     EXPECT_EQ(bytesOf(folder_ / "qui.ini"), "[S]\nk=v\n");
-    EXPECT_EQ(bytesOf(folder_ / "dati" / "LI.ini"), "[S]\nk=v\n");
-    EXPECT_EQ(log_, std::vector<std::string>());
+    EXPECT_TRUE(log_.empty());
 }
 
 TEST_F(IniSettingsTest, KeepsModeOwnerAndLinks) {
@@ -200,23 +184,17 @@ TEST_F(IniSettingsTest, KeepsModeOwnerAndLinks) {
     EXPECT_EQ(bytesOf(file_), "[S]\nk=v\n");
     EXPECT_TRUE(fs::is_symlink(folder_ / "uno.ini"));
     EXPECT_TRUE(fs::is_symlink(folder_ / "due.ini"));
-
-    fs::create_symlink("nuovo.ini", folder_ / "pendente.ini");
-    save(folder_ / "pendente.ini", "k", "v");
-    EXPECT_EQ(bytesOf(folder_ / "nuovo.ini"), "[S]\nk=v\n");
-    EXPECT_TRUE(log_.empty());
 }
 
 TEST_F(IniSettingsTest, WhatIsNotChangedIsNotWritten) {
-    writeBytes(file_, "[S]\nk=v\n");
-    const auto before = fs::last_write_time(file_);
-    struct stat first {};
-    struct stat second {};
-    stat(file_.c_str(), &first);
-    save(file_, "k", "v");
-    stat(file_.c_str(), &second);
-    EXPECT_EQ(first.st_ino, second.st_ino);
-    EXPECT_EQ(fs::last_write_time(file_), before);
+    const auto save = [this] {
+        this->save(file_, "k", "v");
+        struct stat status {};
+        stat(file_.c_str(), &status);
+        return status.st_ino;
+    };
+    const auto before = save();
+    EXPECT_EQ(save(), before);
 }
 
 TEST_F(IniSettingsTest, PathsThatAreNoSettingsFileAreLoggedAndLeftAlone) {
@@ -227,21 +205,13 @@ TEST_F(IniSettingsTest, PathsThatAreNoSettingsFileAreLoggedAndLeftAlone) {
     writeBytes(folder_ / "enorme.ini", "");
     fs::resize_file(folder_ / "enorme.ini", largestFile + 1);
     writeBytes(folder_ / "utf16.ini", "\xFF\xFE[\0S\0]\0"s);
-    const std::vector<std::string> paths = {folder_.path().string(),
-                                            pipe.string(),
-                                            "/dev/zero",
-                                            (folder_ / "anello").string(),
-                                            (folder_ / "file" / "p.ini").string(),
-                                            (folder_ / "enorme.ini").string(),
-                                            (folder_ / "utf16.ini").string(),
-                                            (folder_ / std::string(300, 'n')).string(),
-                                            (folder_ / "p\0.ini"s).string()};
-    for (const std::string& path : paths) {
-        SCOPED_TRACE(path);
+    const std::string names[] = {"",           "tubo",      "anello",  "file/p.ini",
+                                 "enorme.ini", "utf16.ini", "p\0.ini"s};
+    for (const std::string& name : names) {
+        SCOPED_TRACE(name);
         log_.clear();
-        const auto object = settings(path);
+        const auto object = settings(folder_ / name);
         EXPECT_EQ(object->LeggiStringa("k", "difetto"), "difetto");
-        EXPECT_EQ(object->LeggiIntero("k", 3), 3);
         EXPECT_EQ(log_.size(), 1u);
         object->ScriviStringa("k", "v");
         object->NomeFile("");
@@ -249,20 +219,11 @@ TEST_F(IniSettingsTest, PathsThatAreNoSettingsFileAreLoggedAndLeftAlone) {
     }
     EXPECT_EQ(bytesOf(folder_ / "utf16.ini"), "\xFF\xFE[\0S\0]\0"s);
     EXPECT_EQ(filesInFolder(), 5u);
-}
 
-TEST_F(IniSettingsTest, AMissingFolderIsLogged) {
+    log_.clear();
     save(folder_ / "manca" / "p.ini", "k", "v");
     EXPECT_EQ(log_.size(), 1u);
     EXPECT_FALSE(fs::exists(folder_ / "manca"));
-}
-
-TEST_F(IniSettingsTest, GarbageStaysAndTakesSettings) {
-    const std::string garbage = "\x7F_ELF\0\0\r\r\r\n[[[\n=\n\xFE\xE8=\x01\n]\n"s;
-    writeBytes(file_, garbage);
-    save(file_, "k", "v");
-    EXPECT_EQ(bytesOf(file_), garbage + "\r\n[S]\r\nk=v\r\n");
-    EXPECT_EQ(settings(file_)->LeggiStringa("k", ""), "v");
 }
 
 TEST_F(IniSettingsTest, ProtectedFilesAndFoldersStayAsTheyAre) {
@@ -304,20 +265,6 @@ TEST_F(IniSettingsTest, AFullDiskKeepsTheOldFile) {
     EXPECT_EQ(filesInFolder(), 1u);
 }
 
-TEST_F(IniSettingsTest, AFullFileSystemKeepsTheOldFile) {
-    const fs::path disk = folder_ / "disco";
-    fs::create_directory(disk);
-    if (mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0)
-        GTEST_SKIP() << "only a superuser mounts a small disk";
-    const std::string old = "[S]\nk=" + std::string(30000, 'x') + "\n";
-    writeBytes(disk / "p.ini", old);
-    save(disk / "p.ini", "n", std::string(40000, 'y'));
-    EXPECT_EQ(log_.size(), 1u);
-    EXPECT_EQ(bytesOf(disk / "p.ini"), old);
-    EXPECT_EQ(std::distance(fs::directory_iterator(disk), {}), 1);
-    umount(disk.c_str());
-}
-
 TEST_F(IniSettingsTest, ALockThatIsNotReleasedIsNotAwaitedForEver) {
     const std::string lock = companionPath(file_.string(), ".lock");
     const int held = open(lock.c_str(), O_RDWR | O_CREAT, 0600);
@@ -329,13 +276,6 @@ TEST_F(IniSettingsTest, ALockThatIsNotReleasedIsNotAwaitedForEver) {
     save(file_, "k", "v");
     EXPECT_EQ(bytesOf(file_), "[S]\nk=v\n");
     EXPECT_EQ(filesInFolder(), 1u);
-}
-
-TEST_F(IniSettingsTest, AFailingLogStopsNothing) {
-    IniSettings object(clock_, {[](const std::string&) { throw 1; }, {}});
-    object.NomeFile(folder_.path().string());
-    object.ScriviStringa("k", "v");
-    EXPECT_EQ(object.LeggiStringa("altro", "difetto"), "difetto");
 }
 
 TEST_F(IniSettingsTest, WhoReadsDuringASaveSeesTheOldOrTheNewFile) {
@@ -358,26 +298,24 @@ TEST_F(IniSettingsTest, WhoReadsDuringASaveSeesTheOldOrTheNewFile) {
     EXPECT_EQ(status, 0);
 }
 
-/// Writes keys of its own, one save each.
-void writeMany(Clock& clock, const fs::path& path, const std::string& name, int count) {
-    for (int i = 0; i < count; ++i) {
-        IniSettings object(clock, {{}, std::chrono::seconds(60)});
-        object.NomeFile(path.string());
-        object.Sezione("S" + std::to_string(i % 5));
-        object.ScriviStringa(name + std::to_string(i), std::to_string(i));
-    }
-}
-
 TEST_F(IniSettingsTest, WritersAtOnceLoseNothing) {
     constexpr int saves = 40;
     writeBytes(file_, "; mio\n[S0]\nvecchio=1\n");
+    const auto writeMany = [this](const std::string& name) {
+        for (int i = 0; i < saves; ++i) {
+            IniSettings object(clock_, {{}, std::chrono::seconds(60)});
+            object.NomeFile(file_.string());
+            object.Sezione("S" + std::to_string(i % 5));
+            object.ScriviStringa(name + std::to_string(i), "1");
+        }
+    };
     const pid_t child = fork();
     if (child == 0) {
-        writeMany(clock_, file_, "processo", saves);
+        writeMany("processo");
         _exit(0);
     }
-    std::thread other([&] { writeMany(clock_, file_, "filo", saves); });
-    writeMany(clock_, file_, "primo", saves);
+    std::thread other([&] { writeMany("filo"); });
+    writeMany("primo");
     other.join();
     int status = 0;
     waitpid(child, &status, 0);
@@ -387,8 +325,7 @@ TEST_F(IniSettingsTest, WritersAtOnceLoseNothing) {
     EXPECT_EQ(document.get("S0", "vecchio"), "1");
     for (const char* name : {"processo", "filo", "primo"})
         for (int i = 0; i < saves; ++i)
-            EXPECT_EQ(document.get("S" + std::to_string(i % 5), name + std::to_string(i)),
-                      std::to_string(i));
+            EXPECT_EQ(document.get("S" + std::to_string(i % 5), name + std::to_string(i)), "1");
     EXPECT_EQ(filesInFolder(), 1u);
 }
 

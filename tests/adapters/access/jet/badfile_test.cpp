@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Files that are not there, not whole, not Access, or change while they are read.
 #include "adapters/access/jet/header.h"
-#include "platform/runtimeerror.h"
 #include "tests/adapters/access/jet/canonical.h"
 #include "tests/adapters/access/jet/everytype.h"
 #include "tests/adapters/access/jet/patchedfile.h"
+#include "tests/errorof.h"
 #include "tests/tempfolder.h"
 
 #include <gmock/gmock.h>
@@ -18,6 +18,7 @@ namespace velt::jet::test {
 namespace {
 
 using std::filesystem::path;
+using testing::AllOf;
 using testing::HasSubstr;
 
 class BadFile : public testing::Test {
@@ -35,14 +36,17 @@ protected:
 
 void expectError(ErrorNumber number, const std::string& reason, const path& file,
                  const std::function<void()>& action) {
-    try {
-        action();
-        ADD_FAILURE() << "no error: " << reason;
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.Number(), static_cast<int>(number)) << error.Description();
-        EXPECT_THAT(error.Description(), HasSubstr(reason));
-        EXPECT_THAT(error.Description(), HasSubstr(file.string()));
-    }
+    const RuntimeError error = raisedBy(action);
+    EXPECT_TRUE(error.is(number)) << error.Number() << " instead of " << reason;
+    EXPECT_THAT(error.Description(), AllOf(HasSubstr(reason), HasSubstr(file.string())));
+}
+
+/// A Jet 4 file with a change.
+void writePatched(const path& path, const std::function<void(PatchedFile&)>& change) {
+    writeEveryType(path, Version::Jet4);
+    PatchedFile file(path);
+    change(file);
+    file.save();
 }
 
 /// Sets the key of the pages, as encryption does.
@@ -71,27 +75,13 @@ TEST_F(BadFile, IsRefusedWithItsReason) {
         {"text", [](const path& p) { velt::test::writeBytes(p, std::string(10'000, 'x')); },
          ErrorNumber::UnknownFileFormat, "non è un database Access"},
         {"other version",
-         [](const path& p) {
-             writeEveryType(p, Version::Jet4);
-             PatchedFile file(p);
-             file.put8(0x14, 7);
-             file.save();
-         },
+         [](const path& p) { writePatched(p, [](PatchedFile& file) { file.put8(0x14, 7); }); },
          ErrorNumber::UnknownFileFormat, "non è un database Access"},
-        {"encrypted",
-         [](const path& p) {
-             writeEveryType(p, Version::Jet4);
-             PatchedFile file(p);
-             encrypt(file);
-             file.save();
-         },
-         ErrorNumber::EncryptedFile, "cifrato"},
+        {"encrypted", [](const path& p) { writePatched(p, encrypt); }, ErrorNumber::EncryptedFile,
+         "cifrato"},
         {"no catalogue",
          [](const path& p) {
-             writeEveryType(p, Version::Jet4);
-             PatchedFile file(p);
-             file.put8(2 * PatchedFile::PageSize, 1);
-             file.save();
+             writePatched(p, [](PatchedFile& file) { file.put8(2 * PatchedFile::PageSize, 1); });
          },
          ErrorNumber::UnknownFileFormat, "danneggiato"},
     };

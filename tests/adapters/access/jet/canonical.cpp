@@ -2,22 +2,23 @@
 #include "tests/adapters/access/jet/canonical.h"
 
 #include <bit>
+#include <cmath>
 #include <cstdio>
-#include <string_view>
 
 namespace velt::jet::test {
 namespace {
 
+using Blob = std::vector<std::uint8_t>;
+
 class Fnv1a {
 public:
-    void cell(std::string_view text) {
-        for (const char c : text) add(static_cast<unsigned char>(c));
-        add(0x1F);
+    void cell(const std::string& text) {
+        for (const char c : text + '\x1F')
+            hash_ = (hash_ ^ static_cast<unsigned char>(c)) * 0x100000001B3ULL;
     }
     [[nodiscard]] std::uint64_t value() const { return hash_; }
 
 private:
-    void add(unsigned char byte) { hash_ = (hash_ ^ byte) * 0x100000001B3ULL; }
     std::uint64_t hash_ = 0xCBF29CE484222325ULL;
 };
 
@@ -68,8 +69,36 @@ Digest digest(const Table& table) {
     const int columns = static_cast<int>(table.columns().size());
     for (Cursor rows(table); rows.next(); ++result.rows)
         for (int i = 0; i < columns; ++i) hash.cell(canonicalCell(rows, table, i));
-    result.hash = hash.value();
+    result.hash = hex(hash.value(), 16);
     return result;
+}
+
+std::string canonical(ColumnType type, const Variant& value) {
+    const auto number = [&value]() -> long long {
+        if (value.holds<std::uint8_t>()) return value.get<std::uint8_t>();
+        if (value.holds<std::int16_t>()) return value.get<std::int16_t>();
+        return value.get<std::int32_t>();
+    };
+    if (type == ColumnType::Boolean) return value.holds<bool>() && value.get<bool>() ? "B1" : "B0";
+    if (value.isNull()) return "N";
+    switch (type) {
+        case ColumnType::Byte:
+        case ColumnType::Integer:
+        case ColumnType::Long: return "I" + std::to_string(number());
+        case ColumnType::Currency:
+            return "M" + std::to_string(std::llround(value.get<double>() * 10000.0));
+        case ColumnType::Single:
+            return "F" + hex(std::bit_cast<std::uint32_t>(value.get<float>()), 8);
+        case ColumnType::Double:
+            return "D" + hex(std::bit_cast<std::uint64_t>(value.get<double>()), 16);
+        case ColumnType::Date:
+            return "D" + hex(std::bit_cast<std::uint64_t>(value.get<Date>().serial()), 16);
+        case ColumnType::Text:
+        case ColumnType::Memo: return "T" + value.get<std::string>();
+        case ColumnType::Guid: return "G{" + hex(value.get<Blob>()) + "}";
+        case ColumnType::Numeric: return "R" + value.get<std::string>();
+        default: return "X" + hex(value.get<Blob>());
+    }
 }
 
 }  // namespace velt::jet::test

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/access/jet/cursor.h"
+#include "platform/variant.h"
 
 #include <string>
 
@@ -12,9 +13,12 @@ namespace velt::jet::test {
 /// G{..} GUID, R numeric.
 [[nodiscard]] std::string canonicalCell(Cursor& row, const Table& table, int index);
 
+/// What canonicalCell must say of `value` in a column of that type.
+[[nodiscard]] std::string canonical(ColumnType type, const Variant& value);
+
 struct Digest {
     std::uint64_t rows = 0;
-    std::uint64_t hash = 0;  ///< FNV-1a of the columns and all cells
+    std::string hash;  ///< FNV-1a of the columns and all cells, in hexadecimal digits
 };
 
 /// Reads the whole table.

@@ -4,9 +4,6 @@
 #include "platform/runtimeerror.h"
 #include "tests/adapters/access/jet/canonical.h"
 
-#include <bit>
-#include <cmath>
-#include <cstdio>
 #include <limits>
 #include <utility>
 
@@ -14,22 +11,6 @@ namespace velt::jet::test {
 namespace {
 
 using Blob = std::vector<std::uint8_t>;
-
-std::string hexOf(const Blob& bytes) {
-    std::string text;
-    char pair[3];
-    for (const std::uint8_t byte : bytes) {
-        std::snprintf(pair, sizeof pair, "%02x", static_cast<unsigned>(byte));
-        text += pair;
-    }
-    return text;
-}
-
-std::string bitsOf(std::uint64_t bits, int digits) {
-    char text[17];
-    std::snprintf(text, sizeof text, "%0*llx", digits, static_cast<unsigned long long>(bits));
-    return text;
-}
 
 Blob blob(std::size_t size) {
     Blob bytes(size);
@@ -108,34 +89,6 @@ std::vector<Row> everyTypeRows() {
         rows.push_back(with(OleColumn, blob(size)));
     }
     return rows;
-}
-
-std::string canonical(ColumnType type, const Variant& value) {
-    const auto number = [&value]() -> long long {
-        if (value.holds<std::uint8_t>()) return value.get<std::uint8_t>();
-        if (value.holds<std::int16_t>()) return value.get<std::int16_t>();
-        return value.get<std::int32_t>();
-    };
-    if (type == ColumnType::Boolean) return value.holds<bool>() && value.get<bool>() ? "B1" : "B0";
-    if (value.isNull()) return "N";
-    switch (type) {
-        case ColumnType::Byte:
-        case ColumnType::Integer:
-        case ColumnType::Long: return "I" + std::to_string(number());
-        case ColumnType::Currency:
-            return "M" + std::to_string(std::llround(value.get<double>() * 10000.0));
-        case ColumnType::Single:
-            return "F" + bitsOf(std::bit_cast<std::uint32_t>(value.get<float>()), 8);
-        case ColumnType::Double:
-            return "D" + bitsOf(std::bit_cast<std::uint64_t>(value.get<double>()), 16);
-        case ColumnType::Date:
-            return "D" + bitsOf(std::bit_cast<std::uint64_t>(value.get<Date>().serial()), 16);
-        case ColumnType::Text:
-        case ColumnType::Memo: return "T" + value.get<std::string>();
-        case ColumnType::Guid: return "G{" + hexOf(value.get<Blob>()) + "}";
-        case ColumnType::Numeric: return "R" + value.get<std::string>();
-        default: return "X" + hexOf(value.get<Blob>());
-    }
 }
 
 void writeTable(Writer& writer, const std::string& name,

@@ -17,9 +17,6 @@ using Row = std::vector<Variant>;
 /// Rows for it: usual values, extremes, everything null, null in one column at a time, texts and
 /// long values around the sizes where their storage changes.
 [[nodiscard]] std::vector<Row> everyTypeRows();
-/// What canonicalCell must say of `value` in a column of that type.
-[[nodiscard]] std::string canonical(ColumnType type, const Variant& value);
-
 void writeTable(Writer& writer, const std::string& name,
                 const std::vector<ColumnDefinition>& columns, const std::vector<Row>& rows);
 /// A file with a table "T" of everyTypeRows() and a table "Vuota" without rows.

@@ -5,47 +5,30 @@
 
 #include <gtest/gtest.h>
 
-#include <charconv>
 #include <cstdlib>
 #include <fstream>
 #include <map>
-#include <set>
 #include <sstream>
 #include <string>
 
 namespace velt::jet::test {
 namespace {
 
-struct Expected {
-    std::uint64_t rows = 0;
-    std::string hash;
-};
-using Manifest = std::map<std::string, std::map<std::string, Expected>>;  // by file and table
+using Manifest = std::map<std::string, std::map<std::string, std::string>>;  // by file and table
 
+/// The rows and the hash of each table, as one text.
 Manifest readManifest(const std::filesystem::path& path) {
     Manifest manifest;
     std::ifstream stream(path);
     for (std::string line; std::getline(stream, line);) {
         if (line.empty() || line.front() == '#') continue;
         std::istringstream fields(line);
-        std::string file, table, rows;
-        Expected expected;
+        std::string file, table;
         std::getline(fields, file, '\t');
         std::getline(fields, table, '\t');
-        std::getline(fields, rows, '\t');
-        std::getline(fields, expected.hash, '\t');
-        expected.rows = std::stoull(rows);
-        manifest[file][table] = expected;
+        std::getline(fields, manifest[file][table]);
     }
     return manifest;
-}
-
-std::string asHex(std::uint64_t value) {
-    std::ostringstream text;
-    text.fill('0');
-    text.width(16);
-    text << std::hex << value;
-    return text.str();
 }
 
 TEST(Samples, EveryTableMatchesTheManifest) {
@@ -58,16 +41,12 @@ TEST(Samples, EveryTableMatchesTheManifest) {
     for (const auto& [file, tables] : manifest) {
         SCOPED_TRACE(file);
         const auto database = Database::open(samples / file);
-        std::set<std::string> names;
-        for (const auto& [name, expected] : tables) {
-            SCOPED_TRACE(name);
-            names.insert(name);
-            const Digest read = digest(database->table(name));
-            EXPECT_EQ(read.rows, expected.rows);
-            EXPECT_EQ(asHex(read.hash), expected.hash);
+        std::map<std::string, std::string> read;
+        for (const std::string& name : database->tableNames()) {
+            const Digest content = digest(database->table(name));
+            read[name] = std::to_string(content.rows) + '\t' + content.hash;
         }
-        const auto listed = database->tableNames();
-        EXPECT_EQ(std::set<std::string>(listed.begin(), listed.end()), names);
+        EXPECT_EQ(read, tables);
     }
 }
 
