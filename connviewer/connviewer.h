@@ -52,9 +52,6 @@ public:
     /// absolute before: without a folder this is the separator alone); "" without a File.
     [[nodiscard]] std::string CartellaDownload() const;
 
-    /// The host has changed the control's size.
-    void Resize() { layOut(form_.places); }
-
 private:
     void applyBackColor(OleColor color) override;
     void applyForeColor(OleColor color) override;

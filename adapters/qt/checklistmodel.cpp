@@ -3,6 +3,8 @@
 
 #include "adapters/qt/text.h"
 
+#include <iterator>
+
 namespace velt::qt {
 
 void CheckListModel::clear() {
@@ -16,7 +18,7 @@ bool CheckListModel::add(const std::string& key, const std::string& text) {
     const int row = static_cast<int>(rows_.size());
     if (!key.empty() && !rowOf_.emplace(key, row).second) return false;
     beginInsertRows({}, row, row);
-    rows_.push_back({key, text, false});
+    rows_.push_back({key, text});
     endInsertRows();
     return true;
 }
@@ -27,6 +29,19 @@ void CheckListModel::check(int row, bool checked) {
     changed.checked = checked;
     const QModelIndex place = index(row, 0);
     emit dataChanged(place, place, {Qt::CheckStateRole});
+}
+
+void CheckListModel::setPicture(int row, int picture) {
+    Row& changed = rows_[static_cast<std::size_t>(row)];
+    if (changed.picture == picture) return;
+    changed.picture = picture;
+    const QModelIndex place = index(row, 0);
+    emit dataChanged(place, place);
+}
+
+const ListPicture* CheckListModel::pictureOf(const Row& row) const {
+    const bool known = row.picture >= 0 && row.picture < std::ssize(pictures_);
+    return known ? &pictures_[static_cast<std::size_t>(row.picture)] : nullptr;
 }
 
 int CheckListModel::rowOf(const std::string& key) const {
@@ -47,19 +62,30 @@ QVariant CheckListModel::data(const QModelIndex& index, int role) const {
     const Row& row = rows_[static_cast<std::size_t>(index.row())];
     switch (role) {
         case Qt::DisplayRole: return toQt(row.text);
-        case Qt::CheckStateRole: return row.checked ? Qt::Checked : Qt::Unchecked;
+        case Qt::CheckStateRole:
+            return checkable_ ? QVariant(row.checked ? Qt::Checked : Qt::Unchecked) : QVariant();
+        default: break;
+    }
+    const ListPicture* picture = pictureOf(row);
+    if (!picture) return {};
+    const QString inWords = toQt(row.text) + QStringLiteral(": ") + picture->meaning;
+    switch (role) {
+        case Qt::DecorationRole: return picture->icon;
+        case Qt::ToolTipRole: return inWords.toHtmlEscaped();
+        case Qt::AccessibleTextRole: return inWords;
         default: return {};
     }
 }
 
 Qt::ItemFlags CheckListModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable |
-           Qt::ItemNeverHasChildren;
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    return checkable_ ? flags | Qt::ItemIsUserCheckable : flags;
 }
 
 bool CheckListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::CheckStateRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!checkable_ || role != Qt::CheckStateRole ||
+        !checkIndex(index, CheckIndexOption::IndexIsValid))
         return false;
     check(index.row(), value.toInt() == Qt::Checked);
     return true;

@@ -12,19 +12,28 @@
 namespace velt::qt {
 
 QtListView::QtListView(GatedControl& control, QTableView* view) : control_(control), view_(view) {
-    view->setModel(&model_);
-    setUpRows(*view);
-    view->horizontalHeader()->hide();
-    view->setShowGrid(false);
-    view->setSelectionMode(QAbstractItemView::SingleSelection);
-    view->installEventFilter(this);
-    view->viewport()->installEventFilter(this);
+    setUp();
+}
+
+QtListView::QtListView(GatedControl& control, QTableView* view, std::vector<ListPicture> pictures)
+    : control_(control), view_(view), model_(std::move(pictures)) {
+    setUp();
+}
+
+void QtListView::setUp() {
+    view_->setModel(&model_);
+    setUpRows(*view_);
+    view_->horizontalHeader()->hide();
+    view_->setShowGrid(false);
+    view_->setSelectionMode(QAbstractItemView::SingleSelection);
+    view_->installEventFilter(this);
+    view_->viewport()->installEventFilter(this);
     fitColumn();
-    connect(view, &QTableView::doubleClicked, this, [this] {
+    connect(view_, &QTableView::doubleClicked, this, [this] {
         control_.operatorInput([this] { DblClick.raise(); });
         activate();
     });
-    connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+    connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
         // A row that the mouse has chosen is told of when the button goes up.
         if (!mouseDown_) control_.operatorInput([this] { Click.raise(); });
     });
@@ -63,8 +72,20 @@ void QtListView::AdjustColumns(int minimum, int column) {
     fitColumn();
 }
 
+void QtListView::ColumnWidth(int column, int twips) {
+    if (column != 0) throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    fitsColumn_ = false;
+    if (view_) view_->setColumnWidth(0, std::max(0, twips / TwipsPerPixel));
+}
+
+void QtListView::Icon(int row, int icon) {
+    elementAt(model_.rows(), row - 1);
+    model_.setPicture(row - 1, icon);
+}
+
 void QtListView::fitColumn() {
-    if (view_) view_->setColumnWidth(0, std::max(minimumWidth_, view_->viewport()->width()));
+    if (view_ && fitsColumn_)
+        view_->setColumnWidth(0, std::max(minimumWidth_, view_->viewport()->width()));
 }
 
 void QtListView::activate() {
@@ -73,7 +94,7 @@ void QtListView::activate() {
 
 bool QtListView::isOnCheckBox(const QPoint& position) const {
     const QModelIndex index = view_->indexAt(position);
-    if (!index.isValid()) return false;
+    if (!index.isValid() || !(index.flags() & Qt::ItemIsUserCheckable)) return false;
     QStyleOptionViewItem option;
     option.initFrom(view_);
     option.rect = view_->visualRect(index);

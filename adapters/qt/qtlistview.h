@@ -13,9 +13,11 @@ namespace velt::qt {
 /// Sets the view up as a list with check boxes. The operator toggles a mark by a click on its box
 /// or by the space bar; what activates a row (Enter, a double click) is the logic's. Keeps its rows
 /// when the view is gone.
-class QtListView final : public QObject, public ListView {
+class QtListView final : public QObject, public ListView, public ListColumns, public ListIcons {
 public:
     QtListView(GatedControl& control, QTableView* view);
+    /// A list with these pictures instead of check boxes.
+    QtListView(GatedControl& control, QTableView* view, std::vector<ListPicture> pictures);
     ~QtListView() override;
     void Clear() override { model_.clear(); }
     void Add(const std::string& key, const std::string& text) override;
@@ -27,10 +29,14 @@ public:
     void Checked(int row, bool checked) override;
     [[nodiscard]] int SelectedItem() const override;
     void AdjustColumns(int minimum, int column) override;
+    /// From then on the column no longer follows the list's width.
+    void ColumnWidth(int column, int twips) override;
+    void Icon(int row, int icon) override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void setUp();
     [[nodiscard]] bool isOnCheckBox(const QPoint& position) const;
     void fitColumn();
     void activate();
@@ -39,6 +45,7 @@ private:
     QPointer<QTableView> view_;
     CheckListModel model_;
     int minimumWidth_ = 0;
+    bool fitsColumn_ = true;
     bool ignoreRelease_ = false;
     bool mouseDown_ = false;
 };

@@ -263,13 +263,5 @@ TEST_F(ConnViewerTest, TheDownloadFolderFollowsTheFile) {
     EXPECT_EQ(viewer->CartellaDownload(), "D:\\Dati\\");
 }
 
-TEST_F(ConnViewerTest, AResizeKeepsTheMinimumSize) {
-    control.width = 8000;
-    viewer->Resize();
-    EXPECT_EQ(control.width, 9435);
-    EXPECT_EQ(frame.Width(), 9435);
-    EXPECT_THAT(columns.widths, IsEmpty());
-}
-
 }  // namespace
 }  // namespace velt

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "widgets/internal/resultgrid.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+
+#include <array>
+
+namespace velt::ui {
+
+/// The widgets of a connection viewer at their places on `face`, which owns them. What follows the
+/// face's size is laid out by the logic's rules, not here.
+struct ConnViewerUi {
+    explicit ConnViewerUi(QWidget* face);
+
+    static constexpr int CaptionCount = 7;
+
+    QWidget* control;
+    QFrame* frmSelezioneDati;
+    std::array<QLabel*, CaptionCount> captions;
+    QLabel* lblProgetto;
+    QLabel* lblVersione;
+    QLabel* lblHostname;
+    QLabel* lblVRX;
+    QLabel* lblStato;
+    QLabel* lblLog;
+    QPushButton* cmdConnetti;
+    QPushButton* cmdDisconnetti;
+    QPushButton* cmdDownload;
+    QPushButton* cmdDownloadAll;
+    ResultGrid* lvVRX;
+};
+
+}  // namespace velt::ui
