@@ -2,6 +2,7 @@
 #include "designer/controls.h"
 
 #include "widgets/alarmviewer.h"
+#include "widgets/connviewer.h"
 #include "widgets/opcviewer.h"
 #include "widgets/trendviewer.h"
 
@@ -36,6 +37,13 @@ const ControlDescription descriptions[] = {
      .whatsThis = "Fino a quattro grandezze di una stazione nel tempo, dal suo file Access.",
      .size = {1000, 620},
      .make = make<ui::TrendViewer>},
+    {.name = "ConnViewer",
+     .header = "widgets/connviewer.h",
+     .sourceProperty = "File",
+     .toolTip = "Connessioni",
+     .whatsThis = "Lo stato delle linee verso le stazioni; le connette, disconnette e scarica.",
+     .size = {629, 274},
+     .make = make<ui::ConnViewer>},
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "panel/velt-panel/forms.h"
 
 #include "widgets/alarmviewer.h"
+#include "widgets/connviewer.h"
 #include "widgets/opcviewer.h"
 #include "widgets/trendviewer.h"
 
@@ -19,6 +20,8 @@ public:
         QWidget* widget = nullptr;
         if (className == "velt::ui::AlarmViewer")
             widget = new ui::AlarmViewer(parent);
+        else if (className == "velt::ui::ConnViewer")
+            widget = new ui::ConnViewer(parent);
         else if (className == "velt::ui::OPCViewer")
             widget = new ui::OPCViewer(parent);
         else if (className == "velt::ui::TrendViewer")
@@ -39,9 +42,11 @@ QWidget* makeBuiltInForm() {
         control->setObjectName(QLatin1String(name));
         tabs->addTab(control, caption);
     };
+    // The letters are free in every control: none means two things at once.
     add(new ui::OPCViewer, "OPCViewer1", QStringLiteral("Stazioni dal &vivo"));
-    add(new ui::AlarmViewer, "AlarmViewer1", QStringLiteral("Storico a&llarmi"));
-    add(new ui::TrendViewer, "TrendViewer1", QStringLiteral("T&rend"));
+    add(new ui::AlarmViewer, "AlarmViewer1", QStringLiteral("Storico allar&mi"));
+    add(new ui::TrendViewer, "TrendViewer1", QStringLiteral("Tre&nd"));
+    add(new ui::ConnViewer, "ConnViewer1", QStringLiteral("C&onnessioni"));
     return tabs;
 }
 

@@ -34,7 +34,8 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
     const QCommandLineOption seed("seed", "Seed of what the demo installation makes up.", "N", "1");
     const QCommandLineOption alarms("alarms", "Alarm database for the alarm viewers.", "FILE");
     const QCommandLineOption rtuConfig(
-        "rtu-config", "Configuration file VeltRTU.ini for the trend viewers.", "FILE");
+        "rtu-config", "Configuration file VeltRTU.ini for the trend and the connection viewers.",
+        "FILE");
     const QCommandLineOption opc("opc",
                                  "Node of the OPC server for the OPC viewers: a host name, or a "
                                  "URL like opc.tcp://host:4840.",

@@ -2,6 +2,7 @@
 #include "panel/velt-panel/sources.h"
 
 #include "widgets/alarmviewer.h"
+#include "widgets/connviewer.h"
 #include "widgets/opcviewer.h"
 #include "widgets/trendviewer.h"
 
@@ -16,9 +17,13 @@ void assign(const Sources& sources, const QDir& formFolder, QWidget& form) {
     const auto alarmViewers = form.findChildren<ui::AlarmViewer*>();
     for (ui::AlarmViewer* viewer : alarmViewers)
         viewer->File(sources.alarmFile.isEmpty() ? fromForm(viewer->File()) : sources.alarmFile);
-    const auto trendViewers = form.findChildren<ui::TrendViewer*>();
-    for (ui::TrendViewer* viewer : trendViewers)
+    const auto takeConfig = [&](auto* viewer) {
         viewer->File(sources.rtuConfig.isEmpty() ? fromForm(viewer->File()) : sources.rtuConfig);
+    };
+    const auto trendViewers = form.findChildren<ui::TrendViewer*>();
+    for (ui::TrendViewer* viewer : trendViewers) takeConfig(viewer);
+    const auto connViewers = form.findChildren<ui::ConnViewer*>();
+    for (ui::ConnViewer* viewer : connViewers) takeConfig(viewer);
     // As if it had come with the form: an assignment would connect before the window is there.
     if (!sources.opcHost.isEmpty()) {
         const auto opcViewers = form.findChildren<ui::OPCViewer*>();

@@ -11,7 +11,7 @@ namespace velt::panel {
 /// What the host assigns to the controls of a form; empty: what the form says is kept.
 struct Sources {
     QString alarmFile;     ///< of the alarm viewers
-    QString rtuConfig;     ///< of the trend viewers
+    QString rtuConfig;     ///< of the trend and the connection viewers
     QString opcHost;       ///< of the OPC viewers
     QString settingsFile;  ///< of all
 };
