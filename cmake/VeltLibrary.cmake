@@ -7,7 +7,7 @@ endif()
 include(GNUInstallDirs)
 
 set(VELT_MODULES velt_platform velt_framework velt_intervallo velt_alarmviewer velt_opcviewer
-  velt_rtuconfig velt_connviewer velt_trendviewer velt_access_jet velt_access velt_ini velt_qt
+  velt_rtuconfig velt_connviewer velt_trendviewer velt_access_jet velt_access velt_ini velt_opcua velt_qt
   velt_standard velt_chart velt_trendchart velt_widgets)
 
 add_library(VeltViewers SHARED "${PROJECT_SOURCE_DIR}/widgets/version.cpp")

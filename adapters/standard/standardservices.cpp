@@ -4,10 +4,15 @@
 #include "adapters/access/accessdatabase.h"
 #include "adapters/access/filesystem.h"
 #include "adapters/ini/inisettings.h"
+#include "adapters/opcua/opcuaserverfactory.h"
 #include "adapters/qt/log.h"
 #include "adapters/qt/qtdispatcher.h"
 #include "adapters/qt/qtmessagebox.h"
 #include "adapters/qt/text.h"
+
+#include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace velt {
 namespace {
@@ -16,6 +21,13 @@ void log(const std::string& text) { qCWarning(qt::logControls).noquote() << qt::
 
 void reportUnreadable(const std::string& path, std::uint64_t rows) {
     log(path + ": " + std::to_string(rows) + " righe illeggibili, non mostrate");
+}
+
+std::optional<std::string> chosenOpcConfiguration;
+
+opcua::OpcUaOptions opcOptions() {
+    const char* const variable = std::getenv("VELT_OPC_CONFIG");
+    return {chosenOpcConfiguration.value_or(variable ? variable : ""), log};
 }
 
 class StandardServices final : public Services {
@@ -28,6 +40,10 @@ public:
     Clock& clock() override { return clock_; }
     Dispatcher& dispatcher() override { return dispatcher_; }
     const Locale& locale() override { return locale_; }
+    OPCServerFactory& opcServers() override {
+        opcServers_.options(opcOptions());  // the host may have chosen in the meantime
+        return opcServers_;
+    }
 
 private:
     SystemClock clock_;
@@ -38,6 +54,7 @@ private:
     access::AccessDatabase database_{dispatcher_, reportUnreadable};
     access::LocalFileSystem fileSystem_{dispatcher_};
     clsRecordset recordsets_;
+    opcua::OpcUaServerFactory opcServers_{dispatcher_};
 };
 
 Services* chosen = nullptr;
@@ -51,5 +68,7 @@ Services& standardServices() {
 }
 
 void setStandardServices(Services* services) { chosen = services; }
+
+void setOpcConfiguration(std::string path) { chosenOpcConfiguration = std::move(path); }
 
 }  // namespace velt

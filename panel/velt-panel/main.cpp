@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "adapters/standard/standardservices.h"
 #include "demo/installation.h"
 #include "panel/velt-panel/clicks.h"
 #include "panel/velt-panel/forms.h"
@@ -69,6 +70,7 @@ int run(const Options& options) {
             sources.opcHost = QString::fromStdString(installation->opcEndpoint());
     }
 
+    if (!options.opcConfig.isEmpty()) setOpcConfiguration(options.opcConfig.toStdString());
     HostWindow window(form.release());
     const QDir formFolder =
         options.form.isEmpty() ? QDir::current() : QFileInfo(options.form).absoluteDir();

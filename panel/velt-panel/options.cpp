@@ -40,6 +40,11 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
                                  "Node of the OPC server for the OPC viewers: a host name, or a "
                                  "URL like opc.tcp://host:4840.",
                                  "NODE");
+    const QCommandLineOption opcConfig(
+        "opc-config",
+        "File with security, user and password for the OPC viewers (default: what VELT_OPC_CONFIG "
+        "names).",
+        "FILE");
     const QCommandLineOption settings("settings", "Settings file for all controls.", "FILE");
     const QCommandLineOption click("click",
                                    "Press the button with this name once the window stands, for "
@@ -50,8 +55,8 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
                                         "FILE.png");
     const QCommandLineOption after("after", "Seconds until the picture is taken (default: 2).",
                                    "SECONDS", "2");
-    parser.addOptions({help, version, demo, data, seed, alarms, rtuConfig, opc, settings, click,
-                       screenshot, after});
+    parser.addOptions({help, version, demo, data, seed, alarms, rtuConfig, opc, opcConfig, settings,
+                       click, screenshot, after});
     parser.addPositionalArgument("FORM", "Form to show.", "[FORM.ui]");
 
     const auto wrongUsage = [&exitCode](const QString& what) -> std::optional<Options> {
@@ -84,6 +89,7 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
     options.alarmFile = absolute(parser.value(alarms));
     options.rtuConfig = absolute(parser.value(rtuConfig));
     options.opcHost = parser.value(opc);
+    options.opcConfig = absolute(parser.value(opcConfig));
     options.settingsFile = absolute(parser.value(settings));
     options.clicks = parser.values(click);
     options.screenshot = absolute(parser.value(screenshot));

@@ -18,6 +18,7 @@ struct Options {
     QString alarmFile;             ///< File of every alarm viewer
     QString rtuConfig;             ///< File of every trend viewer
     QString opcHost;               ///< Hostname of every OPC viewer
+    QString opcConfig;             ///< security of OPC connections
     QString settingsFile;          ///< FileIni of every control
     QStringList clicks;            ///< steps of Clicks, once the window stands
     QString screenshot;            ///< save a picture here, then end

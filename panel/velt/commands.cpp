@@ -7,10 +7,11 @@ namespace velt::cli {
 
 extern const Command tablesCommand;
 extern const Command sqlCommand;
+extern const Command opcCommand;
 extern const Command trendCommand;
 
 std::span<const Command* const> commands() {
-    static constexpr std::array all = {&tablesCommand, &sqlCommand, &trendCommand};
+    static constexpr std::array all = {&tablesCommand, &sqlCommand, &trendCommand, &opcCommand};
     return all;
 }
 

@@ -11,7 +11,7 @@ namespace velt::cli {
 class Output {
 public:
     void write(std::string_view text);
-    /// Writes what is still buffered; must be the last call.
+    /// Writes what is still buffered; must also be the last call.
     void finish();
 
     [[nodiscard]] static bool isTerminal();

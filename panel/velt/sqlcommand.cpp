@@ -2,12 +2,11 @@
 #include "adapters/access/queryengine.h"
 #include "panel/velt/command.h"
 #include "panel/velt/csv.h"
+#include "panel/velt/seconds.h"
 #include "panel/velt/texttable.h"
 #include "platform/paths.h"
 
 #include <array>
-#include <charconv>
-#include <chrono>
 #include <iostream>
 
 namespace velt::cli {
@@ -36,22 +35,12 @@ Examples:
   velt sql --csv RTU01.MDB "SELECT * FROM [Cloro Residuo]" > cloro.csv
 )";
 
-std::chrono::milliseconds timeout(const std::string& text) {
-    constexpr double longest = 1e6;  // eleven days
-    double seconds = 0.0;
-    const char* const end = text.data() + text.size();
-    const auto [read, error] = std::from_chars(text.data(), end, seconds);
-    if (error != std::errc{} || read != end || !(seconds > 0.0 && seconds <= longest))
-        throw UsageError("--timeout must be a number of seconds above 0");
-    return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
-}
-
 void run(const CommandLine& line) {
     if (line.operands().size() != 2) throw UsageError("a FILE and a STATEMENT are needed");
     if (line.has("--csv") && line.has("--table"))
         throw UsageError("--csv and --table exclude each other");
     access::QueryLimits limits;
-    if (line.has("--timeout")) limits.runTime = timeout(line.value("--timeout"));
+    if (line.has("--timeout")) limits.runTime = seconds("--timeout", line.value("--timeout"));
 
     const std::string& path = line.operands()[0];
     const access::QueryEngine engine(resolvePath(path).value_or(path), limits);

@@ -256,7 +256,7 @@ TEST_F(VeltTest, WrongUsageIsTold) {
 TEST_F(VeltTest, ExplainsItself) {
     EXPECT_THAT(runVelt({"--help"}).output, HasSubstr("  sql "));
     EXPECT_THAT(runVelt({"--version"}).output, StartsWith("velt " VELT_VERSION "\n"));
-    for (const char* command : {"tables", "sql"}) {
+    for (const char* command : {"tables", "sql", "opc"}) {
         const Outcome outcome = runVelt({command, "--help"});
         EXPECT_EQ(outcome.exitCode, 0);
         EXPECT_THAT(outcome.output, StartsWith(std::string("Usage: velt ") + command));

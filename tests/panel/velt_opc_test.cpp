@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "tests/adapters/opcua/testserver.h"
+#include "tests/filebytes.h"
+#include "tests/panel/veltprogram.h"
+#include "tests/tempfolder.h"
+
+#include <gmock/gmock.h>
+
+namespace velt::cli {
+namespace {
+
+using opcua::NodeId;
+using opcua::test::Builder;
+using opcua::test::TestServer;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class VeltOpcTest : public testing::Test {
+protected:
+    Outcome opc(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "opc");
+        return runVelt(std::move(arguments));
+    }
+
+    TestServer server_{[](Builder& build) {
+        const NodeId rtu = build.folder("RTU01");
+        build.variable("Livello", rtu, 1.5, true);
+        build.variable("Testo", build.folder("Sotto", rtu), "a\tb\x1B", true);
+        build.variable("Lista", rtu, std::vector<std::int32_t>{1, 2}, true);
+        build.folder("RTU02");
+    }};
+    std::string endpoint_ = server_.endpoint();
+};
+
+TEST_F(VeltOpcTest, Browses) {
+    EXPECT_EQ(opc({"browse", endpoint_}).output, "RTU01\nRTU02\n");
+    EXPECT_EQ(opc({"browse", endpoint_, "RTU01"}).output,
+              "RTU01.Livello\t5\nRTU01.Lista\t8195\nRTU01.Sotto.Testo\t8\n");
+}
+
+TEST_F(VeltOpcTest, Watches) {
+    const Outcome outcome = opc({"watch", "--seconds", "2.5", endpoint_, "RTU01", "RTU02"});
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.error;
+    EXPECT_THAT(outcome.output, HasSubstr("RTU01.Livello\t1,5\tGood\t"));
+    EXPECT_THAT(outcome.output, HasSubstr("RTU01.Lista\t(1; 2)\tGood\t"));
+    EXPECT_THAT(outcome.output, HasSubstr("RTU01.Sotto.Testo\ta\\tb\\x1B\tGood\t"));
+}
+
+TEST_F(VeltOpcTest, Writes) {
+    EXPECT_EQ(opc({"write", endpoint_, "RTU01.Livello", "2,75"}).exitCode, 0);
+    EXPECT_EQ(opc({"write", endpoint_, "ns=1;s=Lista", "4;5;6"}).exitCode, 0);
+    server_.run([](Builder& build) {
+        EXPECT_EQ(build.read(Builder::named("Livello")), Variant(2.75));
+        EXPECT_EQ(build.read(Builder::named("Lista")), Variant(std::vector<std::int32_t>{4, 5, 6}));
+    });
+}
+
+TEST_F(VeltOpcTest, FailuresAreTold) {
+    const TempFolder folder;
+    const std::string config = (folder / "opc.ini").string();
+    test::writeBytes(config, "[OPC]\nSecurity=Segn\n");
+    struct Case {
+        std::vector<std::string> line;
+        int exitCode;
+        const char* error;
+    };
+    for (const Case& c : std::vector<Case>{
+             {{"write", endpoint_, "RTU01.Livello", "2.75"}, 1, "Tipo non corrispondente"},
+             {{"write", endpoint_, "RTU01.Manca", "1"}, 1, "non esiste"},
+             {{"browse", endpoint_, "RTU09"}, 1, "no branch RTU09"},
+             {{"watch", "--seconds", "1", endpoint_, "RTU09"}, 1, "no branch RTU09"},
+             {{"browse", "127.0.0.1:" + std::to_string(opcua::test::freePort())}, 1, "velt: error"},
+             {{"browse", "--config", config, endpoint_}, 1, "riga 2"},
+             {{}, 2, "one of"},
+             {{"leggi", endpoint_}, 2, "one of"},
+             {{"browse"}, 2, "ENDPOINT"},
+             {{"watch", endpoint_}, 2, "BRANCH"},
+             {{"write", endpoint_, "RTU01.Livello"}, 2, "TEXT"},
+             {{"browse", "--seconds", "1", endpoint_}, 2, "watch"},
+             {{"watch", "--seconds", "x", endpoint_, "RTU01"}, 2, "number"},
+         }) {
+        const Outcome outcome = opc(c.line);
+        EXPECT_EQ(outcome.exitCode, c.exitCode) << testing::PrintToString(c.line);
+        EXPECT_THAT(outcome.error, StartsWith("velt: ")) << testing::PrintToString(c.line);
+        EXPECT_THAT(outcome.error, HasSubstr(c.error)) << testing::PrintToString(c.line);
+    }
+}
+
+}  // namespace
+}  // namespace velt::cli
