@@ -5,6 +5,7 @@
 #include "adapters/access/filesystem.h"
 #include "adapters/ini/inisettings.h"
 #include "adapters/opcua/opcuaserverfactory.h"
+#include "adapters/opcua/runtimeclientfactory.h"
 #include "adapters/qt/log.h"
 #include "adapters/qt/qtdispatcher.h"
 #include "adapters/qt/qtmessagebox.h"
@@ -44,6 +45,10 @@ public:
         opcServers_.options(opcOptions());  // the host may have chosen in the meantime
         return opcServers_;
     }
+    RuntimeClientFactory& runtimeClients() override {
+        runtimeClients_.options(opcOptions());
+        return runtimeClients_;
+    }
 
 private:
     SystemClock clock_;
@@ -55,6 +60,7 @@ private:
     access::LocalFileSystem fileSystem_{dispatcher_};
     clsRecordset recordsets_;
     opcua::OpcUaServerFactory opcServers_{dispatcher_};
+    opcua::OpcUaRuntimeClientFactory runtimeClients_{dispatcher_};
 };
 
 Services* chosen = nullptr;

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "demo/opcserver.h"
+#include "demo/plantnodes.h"
+#include "demo/plantruntime.h"
+#include "demo/runtimenodes.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace velt::opcua::test {
+
+/// A runtime whose calls take no time worth waiting for.
+inline demo::PlantRuntimeOptions quickRuntime(std::vector<std::string> stations) {
+    demo::PlantRuntimeOptions options;
+    options.stations = std::move(stations);
+    options.troubled = "Guasta";
+    options.dialing = std::chrono::milliseconds(150);
+    options.hangingUp = std::chrono::milliseconds(150);
+    options.downloading = std::chrono::milliseconds(300);
+    return options;
+}
+
+struct RuntimeServerOptions {
+    demo::PlantRuntimeOptions runtime;
+    demo::OpcServerOptions server;
+    bool anonymousMayCall = true;
+    std::unique_ptr<demo::ServerPart> more;  ///< added last
+};
+
+/// A server that offers a runtime and nothing else.
+inline std::unique_ptr<demo::OpcServer> startRuntime(RuntimeServerOptions options) {
+    using namespace demo;
+    std::vector<std::unique_ptr<ServerPart>> parts;
+    std::vector<PlantStation> branches = {{"PC_Server", "", {}}};
+    parts.push_back(
+        std::make_unique<PlantNodes>(std::move(branches), std::chrono::milliseconds(100)));
+    auto runtime =
+        std::make_unique<PlantRuntime>(std::move(options.runtime), std::make_unique<NoDownloader>(),
+                                       [] { return std::chrono::steady_clock::now(); });
+    parts.push_back(std::make_unique<RuntimeNodes>(std::move(runtime), options.anonymousMayCall));
+    if (options.more) parts.push_back(std::move(options.more));
+    return std::make_unique<OpcServer>(std::move(options.server), std::move(parts));
+}
+
+}  // namespace velt::opcua::test
