@@ -3,6 +3,7 @@
 // the user-interface thread says how late it comes; a thread that only sleeps says how late the
 // machine itself is.
 #include "adapters/qt/qtdispatcher.h"
+#include "bench/qt/heart.h"
 #include "demo/alarmdatabase.h"
 #include "demo/alarmgenerator.h"
 #include "platform/clock.h"
@@ -17,10 +18,7 @@
 #include <QTableView>
 #include <QTimer>
 
-#include <time.h>
-
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -31,98 +29,9 @@
 namespace velt {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
+using namespace bench;
 
-constexpr auto Beat = std::chrono::milliseconds(10);
 constexpr int Repeats = 5;
-
-double since(Clock::time_point start) { return Milliseconds(Clock::now() - start).count(); }
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values.empty() ? 0 : values[values.size() / 2];
-}
-
-/// Processor time of this thread so far, in milliseconds.
-double processorTime() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
-
-/// Lateness of a beat, in milliseconds.
-class Lateness {
-public:
-    void beat() {
-        values_.push_back(std::max(0.0, since(last_) - Milliseconds(Beat).count()));
-        last_ = Clock::now();
-    }
-    void restart() {
-        values_.clear();
-        last_ = Clock::now();
-    }
-    [[nodiscard]] double worst() const {
-        return values_.empty() ? 0 : *std::ranges::max_element(values_);
-    }
-    [[nodiscard]] double p999() const {
-        std::vector<double> sorted = values_;
-        std::ranges::sort(sorted);
-        return sorted.empty() ? 0 : sorted[(sorted.size() * 999) / 1000];
-    }
-
-private:
-    std::vector<double> values_;
-    Clock::time_point last_ = Clock::now();
-};
-
-/// Both hearts at once, for the length of one action.
-class Heart {
-public:
-    Heart() {
-        timer_.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&timer_, &QTimer::timeout, [this] { window_.beat(); });
-        timer_.start(Beat);
-    }
-    void measure(const char* what, const std::function<void()>& action) {
-        std::atomic<bool> over = false;
-        Lateness machine;
-        std::thread sleeper([&] {
-            machine.restart();
-            while (!over) {
-                std::this_thread::sleep_for(Beat);
-                machine.beat();
-            }
-        });
-        window_.restart();
-        const auto start = Clock::now();
-        const double processor = processorTime();
-        action();
-        const double duration = since(start);
-        const double used = processorTime() - processor;
-        window_.beat();
-        over = true;
-        sleeper.join();
-        std::printf(
-            "%-40s %7.0f ms (window's thread busy %5.0f)  late: p99.9 %6.1f, max %6.1f  machine: "
-            "max "
-            "%5.1f ms\n",
-            what, duration, used, window_.p999(), window_.worst(), machine.worst());
-    }
-
-private:
-    QTimer timer_;
-    Lateness window_;
-};
-
-void waitFor(const std::function<bool()>& condition) {
-    while (!condition()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
-void figure(const char* what, const std::vector<double>& values) {
-    std::printf("%-44s %8.1f ms   (median of %zu, max %.1f)\n", what, median(values), values.size(),
-                *std::ranges::max_element(values));
-}
 
 /// Time from the arrival of rows in a grid to the end of their first painting.
 class FirstPaint final : public QObject {
@@ -131,7 +40,7 @@ public:
         connect(view->model(), &QAbstractItemModel::modelReset, this, [this] {
             if (armed_ || view_->model()->rowCount() == 0) return;
             armed_ = true;
-            start_ = Clock::now();
+            start_ = SteadyClock::now();
             view_->viewport()->installEventFilter(this);
         });
     }
@@ -148,7 +57,7 @@ public:
 private:
     QTableView* view_;
     bool armed_ = false;
-    Clock::time_point start_;
+    SteadyClock::time_point start_;
 };
 
 void measureViewer(Heart& heart, const QString& file) {
@@ -191,13 +100,13 @@ void measureViewer(Heart& heart, const QString& file) {
 
     std::vector<double> terminations;
     for (int i = 0; i < Repeats; ++i) {
-        Clock::time_point start;
+        SteadyClock::time_point start;
         refresh->click();
         QTimer::singleShot(100, &viewer, [&] {
-            start = Clock::now();
+            start = SteadyClock::now();
             viewer.Terminate();
         });
-        waitFor([&] { return start != Clock::time_point() && grid->model()->rowCount() == 0; });
+        waitFor([&] { return start != SteadyClock::time_point() && grid->model()->rowCount() == 0; });
         terminations.push_back(since(start));
         refresh->click();
         waitFor([&] { return grid->model()->rowCount() > 0; });
@@ -211,13 +120,13 @@ void measureCancel() {
     const auto released = end.get_future().share();
     std::vector<double> latencies;
     for (int i = 0; i < Repeats; ++i) {
-        Clock::time_point start;
+        SteadyClock::time_point start;
         QTimer poll;
         QObject::connect(&poll, &QTimer::timeout, [&] {
             QWidget* progress = QApplication::activeModalWidget();
             if (!progress) return;
             poll.stop();
-            start = Clock::now();
+            start = SteadyClock::now();
             progress->findChild<QPushButton*>()->click();
         });
         poll.start(10);
@@ -246,7 +155,7 @@ int run(int argc, char** argv) {
     }
     Heart heart;
     heart.measure("idle", [] {
-        const auto start = Clock::now();
+        const auto start = SteadyClock::now();
         waitFor([&] { return since(start) > 1000; });
     });
     measureViewer(heart, QString::fromStdString(file));
