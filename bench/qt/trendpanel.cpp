@@ -35,7 +35,7 @@ const QDateTime Start(QDate(2006, 3, 1), QTime(0, 0), Qt::UTC);
 /// Levels, flows: a daily wave and some noise.
 double valueAt(int table, double seconds) {
     const double day = seconds / 86400;
-    const auto noise = static_cast<double>((static_cast<int>(seconds) * 7919 + table) % 1000);
+    const auto noise = std::fmod(seconds * 7919 + table, 1000);
     return 10.0 * table + std::sin(day * 6.2832 + table) + noise / 2000;
 }
 
