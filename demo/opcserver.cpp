@@ -21,10 +21,12 @@ namespace {
 constexpr double TickInterval = 20.0;  // ms
 constexpr const char* Space = "urn:velt:demo:plant";
 
-/// Passes errors on to the server's owner: most warnings are about clients that have gone.
-void logError(void* context, UA_LogLevel level, UA_LogCategory, const char* text, va_list args) {
+/// Passes errors on to the server's owner. Most warnings, and all errors of the network, are about
+/// clients that have gone; a server that cannot listen does not start.
+void logError(void* context, UA_LogLevel level, UA_LogCategory category, const char* text,
+              va_list args) {
     const auto& log = *static_cast<const std::function<void(const std::string&)>*>(context);
-    if (level < UA_LOGLEVEL_ERROR || !log) return;
+    if (level < UA_LOGLEVEL_ERROR || category == UA_LOGCATEGORY_NETWORK || !log) return;
     std::array<char, 512> line{};
     std::vsnprintf(line.data(), line.size(), text, args);
     log(line.data());

@@ -8,10 +8,12 @@ namespace velt::cli {
 extern const Command tablesCommand;
 extern const Command sqlCommand;
 extern const Command opcCommand;
+extern const Command rtuCommand;
 extern const Command trendCommand;
 
 std::span<const Command* const> commands() {
-    static constexpr std::array all = {&tablesCommand, &sqlCommand, &trendCommand, &opcCommand};
+    static constexpr std::array all = {&tablesCommand, &sqlCommand, &trendCommand, &opcCommand,
+                                       &rtuCommand};
     return all;
 }
 
