@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/runtimeerror.h"
 #include "tests/alarmviewer/alarmviewerfixture.h"
 
 #include <gmock/gmock.h>
@@ -49,14 +48,6 @@ TEST_F(AlarmSettingsTest, RestoresWhatWasSaved) {
     EXPECT_THAT(checkedTexts(lvVRX), ElementsAre("RTU01", "RTU03"));
 }
 
-TEST_F(AlarmSettingsTest, MarksBeyondTheSavedCountStay) {
-    saved() = {{"ListCount", "1"}, {"List1", "0"}};
-    startWith("allarmi.mdb", "a.ini");
-    cmdSeleziona.click();
-    viewer.FileIni("a.ini");  // loads again
-    EXPECT_THAT(checkedTexts(lvVRX), ElementsAre("RTU02", "RTU03"));
-}
-
 TEST_F(AlarmSettingsTest, IgnoresWhatItCannotUse) {
     struct Case {
         const char* key;
@@ -74,9 +65,11 @@ TEST_F(AlarmSettingsTest, IgnoresWhatItCannotUse) {
         EXPECT_EQ(chkAllarme.Value() + chkDataIniziale.Value(), 0) << c.key << "=" << c.value;
     }
     cmbAllarme.ListIndex(1);
-    saved() = {{"AlarmIndex", "2"}};
+    cmdSeleziona.click();
+    saved() = {{"AlarmIndex", "2"}, {"ListCount", "1"}, {"List1", "0"}};
     viewer.FileIni("a.ini");
     EXPECT_EQ(cmbAllarme.ListIndex(), 1) << "a stale index beyond the list is ignored";
+    EXPECT_THAT(checkedTexts(lvVRX), ElementsAre("RTU02", "RTU03")) << "not in the saved count";
     saved() = {};
     viewer.FileIni("a.ini");
     EXPECT_EQ(cmbAllarme.ListIndex(), -1) << "a missing one clears the selection";
@@ -86,9 +79,9 @@ TEST_F(AlarmSettingsTest, NothingMayWipeTheStoredMarks) {
     const fakes::FakeSettingsFactory::Keys stored = {
         {"AlarmIndex", "1"}, {"ListCount", "3"}, {"List1", "1"}, {"List2", "1"}, {"List3", "1"}};
     const auto marks = [this] {
-        fakes::FakeSettingsFactory::Keys keys;
-        for (const char* key : {"AlarmIndex", "ListCount", "List1", "List2", "List3"})
-            keys[key] = saved()[key];
+        auto keys = saved();
+        for (const char* other : {"isStart", "isEnd", "startDate", "endDate", "AlarmCondition"})
+            keys.erase(other);
         return keys;
     };
 
@@ -112,30 +105,24 @@ TEST_F(AlarmSettingsTest, NothingMayWipeTheStoredMarks) {
     EXPECT_EQ(marks(), stored) << "lists filled only in part";
 }
 
-TEST_F(AlarmSettingsTest, AControlThatNeverLoadedSavesNothing) {
-    fakes::FakePropertyBag bag;
-    bag.values = {{"FileIni", "a.ini"}};
-    viewer.ReadProperties(bag);
-    viewer.File("allarmi.mdb");  // run time, but never shown
-    viewer.Terminate();
-    EXPECT_TRUE(services.settingsFactory.files.empty());
-}
-
-TEST_F(AlarmSettingsTest, AFileIniOfTheFormLeavesTheSectionWithoutADisplayName) {
-    fakes::FakePropertyBag bag;
-    bag.values = {{"File", "allarmi.mdb"}, {"FileIni", "a.ini"}};
-    viewer.ReadProperties(bag);
-    viewer.Show();
-    viewer.Terminate();
-    EXPECT_TRUE(services.settingsFactory.files["a.ini"].contains("AlarmViewer_"));
-}
-
-TEST_F(AlarmSettingsTest, WithoutFileIniNothingIsReadOrWritten) {
+TEST_F(AlarmSettingsTest, OnlyWhatWasLoadedIsSaved) {
     startWith("allarmi.mdb", "");
     cmdAggiornaDati.click();
     dg.drag(0, 3000);
     viewer.Terminate();
+    EXPECT_TRUE(services.settingsFactory.files.empty()) << "no FileIni";
+
+    AlarmViewer other(form, ambient, services);
+    fakes::FakePropertyBag bag;
+    bag.values = {{"FileIni", "a.ini"}};
+    other.ReadProperties(bag);
+    other.File("allarmi.mdb");  // run time, but never shown
+    other.Terminate();
     EXPECT_TRUE(services.settingsFactory.files.empty());
+    other.Show();
+    other.Terminate();
+    // A FileIni of the form leaves the section without a display name.
+    EXPECT_TRUE(services.settingsFactory.files["a.ini"].contains("AlarmViewer_"));
 }
 
 TEST_F(AlarmSettingsTest, ColumnWidthsComeBack) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "alarmviewer/alarmviewer.h"
 
-#include "platform/runtimeerror.h"
 #include "tests/alarmviewer/alarmviewerfixture.h"
 
 #include <gmock/gmock.h>
@@ -57,44 +56,38 @@ TEST_F(AlarmViewerTest, NamelessRowsAreNotListed) {
     EXPECT_EQ(lvVRX.Text(1), "RTU02");
 }
 
-TEST_F(AlarmViewerTest, AMissingFileIsToldAndChangesNothing) {
-    startWith("allarmi.mdb", "");
-    viewer.Terminate();
+TEST_F(AlarmViewerTest, AMissingFileIsToldAndNoFileOnlyClearsTheStations) {
     lvVRX.Add("", "kept");
+    cmbAllarme.AddItem("kept");
     services.files.files.clear();
+    viewer.File("allarmi.mdb");
     cmdAggiornaVRX.click();
     cmdAggiornaDati.click();
     EXPECT_THAT(messages(), ElementsAre(FileIsMissing, FileIsMissing));
     EXPECT_EQ(lvVRX.Count(), 1);
     EXPECT_FALSE(dg.visible);
-}
 
-TEST_F(AlarmViewerTest, WithoutAFileARefreshOnlyClearsTheStations) {
-    lvVRX.Add("", "old");
-    cmbAllarme.AddItem("old");
-    viewer.Show();
+    messages().clear();
+    viewer.File("");
+    cmdAggiornaVRX.click();
     EXPECT_EQ(lvVRX.Count(), 0);
     EXPECT_EQ(cmbAllarme.ListCount(), 1);
     EXPECT_THAT(messages(), IsEmpty());
 }
 
-TEST_F(AlarmViewerTest, AnErrorLeavesTheListsAsFarAsTheyWereFilled) {
-    database().failures.emplace(AlarmListQuery, RuntimeError(3061, "Colonna assente"));
+TEST_F(AlarmViewerTest, AnErrorIsToldAndLeavesTheListsAsFarAsTheyWereFilled) {
+    database().connectFailure = RuntimeError(3343, "Formato");
     startWith("allarmi.mdb", "");
+    EXPECT_EQ(lvVRX.Count(), 0);
+    EXPECT_TRUE(t.Enabled()) << "the start goes on";
+    database().connectFailure.reset();
+    database().failures.emplace(AlarmListQuery, RuntimeError(3061, "Colonna assente"));
+    cmdAggiornaVRX.click();
     EXPECT_EQ(lvVRX.Count(), 3);
     EXPECT_EQ(cmbAllarme.ListCount(), 0);
     EXPECT_THAT(messages(),
-                ElementsAre(Message{"Error N°: 3061\r\nDesc.: Colonna assente", 48, "Error"}));
-    EXPECT_TRUE(t.Enabled()) << "the start goes on";
-}
-
-TEST_F(AlarmViewerTest, AConnectionThatFailedIsTriedAnew) {
-    database().connectFailure = RuntimeError(3343, "Formato");
-    startWith("allarmi.mdb", "");
-    database().connectFailure.reset();
-    cmdAggiornaVRX.click();
-    EXPECT_EQ(lvVRX.Count(), 3);
-    EXPECT_THAT(messages(), ElementsAre(Message{"Error N°: 3343\r\nDesc.: Formato", 48, "Error"}));
+                ElementsAre(Message{"Error N°: 3343\r\nDesc.: Formato", 48, "Error"},
+                            Message{"Error N°: 3061\r\nDesc.: Colonna assente", 48, "Error"}));
 }
 
 TEST_F(AlarmViewerTest, AClosedConnectionIsOpenedAndAnOpenOneKept) {
@@ -194,9 +187,8 @@ TEST_F(AlarmViewerTest, MarksByButtonsAndDoubleClick) {
 }
 
 TEST_F(AlarmViewerTest, ColoursReachTheFrame) {
-    fakes::FakePropertyBag bag;
-    bag.values = {{"BackColor", OleColor{0x0000FF}}, {"ForeColor", OleColor{0x00FF00}}};
-    viewer.ReadProperties(bag);
+    viewer.BackColor(0x0000FF);
+    viewer.ForeColor(0x00FF00);
     EXPECT_EQ(control.backColor, 0x0000FFu);
     EXPECT_EQ(frmAllarme.backColor, 0x0000FFu);
     EXPECT_EQ(frmAllarme.foreColor, 0x00FF00u);

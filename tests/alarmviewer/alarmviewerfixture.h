@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "alarmviewer/alarmviewer.h"
-#include "tests/fakes/fakeservices.h"
-#include "tests/fakes/fakewidgets.h"
+#include "tests/alarmviewer/alarmviewerwidgets.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,7 +21,7 @@ inline std::shared_ptr<const RowSet> column(const std::string& name,
 }
 
 /// An alarm viewer on fakes; the file "allarmi.mdb" exists and lists three stations, two alarms.
-class AlarmViewerFixture : public testing::Test {
+class AlarmViewerFixture : public testing::Test, protected AlarmViewerWidgets {
 protected:
     AlarmViewerFixture() {
         services.files.files.insert("allarmi.mdb");
@@ -49,22 +46,8 @@ protected:
         return services.settingsFactory.files["a.ini"]["AlarmViewer_AlarmViewer1"];
     }
 
-    fakes::FakeAmbient ambient;
     fakes::FakeServices services;
-    fakes::FakeFrame control, frmAllarme;
-    fakes::FakeCheckBox chkDataIniziale, chkDataFinale, chkAllarme;
-    fakes::FakeDatePicker DataIniziale, TimeIniziale, DataFinale, TimeFinale;
-    fakes::FakeComboBox cmbAllarme;
-    fakes::FakeListView lvVRX;
-    fakes::FakeButton cmdSeleziona, cmdDeseleziona, cmdAggiornaVRX, cmdAggiornaDati;
-    fakes::FakeDataControl Adodc;
-    fakes::FakeDataGrid dg{Adodc};
-    fakes::FakeTimer t;
-    AlarmViewer viewer{AlarmViewerForm{control, frmAllarme, chkDataIniziale, DataIniziale,
-                                       TimeIniziale, chkDataFinale, DataFinale, TimeFinale,
-                                       chkAllarme, cmbAllarme, lvVRX, cmdSeleziona, cmdDeseleziona,
-                                       cmdAggiornaVRX, cmdAggiornaDati, dg, Adodc, t},
-                       ambient, services};
+    AlarmViewer viewer{form, ambient, services};
 };
 
 }  // namespace velt

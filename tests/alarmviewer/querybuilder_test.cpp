@@ -21,7 +21,6 @@ TEST(QueryBuilder, ComposesTheDataQuery) {
     };
     const Case cases[] = {
         {{}, ""},
-        {{.stations = {"X"}}, " WHERE (((VRX = 'X')))"},
         {{.alarmEnabled = true, .alarm = "Pompa ferma", .stations = {"RTU01", "RTU07"}},
          " WHERE (Allarme is <Pompa ferma> AND ((VRX = 'RTU01') OR (VRX = 'RTU07')))"},
         {{.alarmEnabled = true, .alarm = "A"}, " WHERE (Allarme is <A>)"},
@@ -32,12 +31,6 @@ TEST(QueryBuilder, ComposesTheDataQuery) {
          " WHERE (" + d + " AND Allarme is <A>)"},
         {{.startEnabled = true, .start = start, .stations = {"X"}},
          " WHERE (" + d + " AND ((VRX = 'X')))"},
-        {{.startEnabled = true,
-          .start = start,
-          .alarmEnabled = true,
-          .alarm = "A",
-          .stations = {"X"}},
-         " WHERE (" + d + " AND Allarme is <A> AND ((VRX = 'X')))"},
         // Quotes of a station name stay as they are.
         {{.stations = {"L'Aquila"}}, " WHERE (((VRX = 'L'Aquila')))"},
     };

@@ -8,46 +8,32 @@
 namespace velt {
 namespace {
 
-class ConnLayoutTest : public testing::Test {
-protected:
-    void resize(int width, int height) {
-        control.width = width;
-        control.height = height;
-        layOut({control, frame, log, list});
-    }
+TEST(ConnLayoutTest, FrameLogAndListFollowTheSizeFromTheMinimumOn) {
     fakes::FakeSurface control;
     fakes::FakePlaced frame{0, 45, 1, 1};
     fakes::FakePlaced log{600, 3000, 1, 1};
     fakes::FakePlaced list{6000, 300, 3000, 1};
-};
-
-TEST_F(ConnLayoutTest, FrameLogAndListFollowTheSize) {
     control.border = 60;
-    resize(12000, 6000);
+    control.width = 12000;
+    control.height = 6000;
+    layOut({control, frame, log, list});
     EXPECT_EQ(frame.Width(), 11940);
     EXPECT_EQ(frame.Height(), 5895);
     EXPECT_EQ(log.Width(), 11940 - 600 - 180);
     EXPECT_EQ(log.Height(), 5895 - 3000 - 180);
     EXPECT_EQ(list.Top() + list.Height(), frame.Top() + frame.Height());
     EXPECT_EQ(list.Width(), 3000);
-}
 
-TEST_F(ConnLayoutTest, TooSmallASizeGrowsBack) {
-    resize(8000, 3000);
-    EXPECT_EQ(control.width, 9435);
+    control.height = 3000;
+    layOut({control, frame, log, list});
+    EXPECT_EQ(control.width, 12000);
     EXPECT_EQ(control.height, 4110);
-    EXPECT_EQ(frame.Width(), 9435);
-    resize(20000, 3000);
-    EXPECT_EQ(control.width, 20000);
-    EXPECT_EQ(control.height, 4110);
-}
 
-TEST_F(ConnLayoutTest, ASizeThatIsRefusedIsSkipped) {
-    log = {10000, 9000, 77, 88};
-    resize(9435, 4110);
-    EXPECT_EQ(log.Width(), 77);
-    EXPECT_EQ(log.Height(), 88);
-    EXPECT_EQ(list.Height(), 45 + 4065 - 300) << "the next step goes on";
+    fakes::FakePlaced tooFar{20000, 9000, 77, 88};
+    layOut({control, frame, tooFar, list});
+    EXPECT_EQ(tooFar.Width(), 77) << "a size that is refused is skipped";
+    EXPECT_EQ(tooFar.Height(), 88);
+    EXPECT_EQ(list.Height(), 45 + 4005 - 300) << "the next step goes on";
 }
 
 }  // namespace

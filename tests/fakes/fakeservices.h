@@ -7,8 +7,8 @@
 #include "platform/propertybag.h"
 #include "platform/services.h"
 #include "tests/fakes/fakedatabase.h"
-#include "tests/fakes/fakeruntimeclient.h"
 #include "tests/fakes/fakeopc.h"
+#include "tests/fakes/fakeruntimeclient.h"
 
 #include <map>
 #include <set>
@@ -135,7 +135,7 @@ private:
     };
 };
 
-class FakeServices final : public Services {
+class FakeServices : public Services {
 public:
     SettingsFactory& settings() override { return settingsFactory; }
     clsDatabase& database() override { return fakeDatabase; }

@@ -10,8 +10,7 @@
 namespace velt {
 namespace {
 
-class CollectionTest : public testing::Test {
-protected:
+struct CollectionTest : testing::Test {
     CollectionTest() {
         for (const char* name : {"a", "b", "c"}) members.Add(name, std::string("key ") + name);
     }
@@ -25,8 +24,11 @@ TEST_F(CollectionTest, FindsByPositionAndByKeyAlsoAfterARemoval) {
     EXPECT_EQ(members.Item(1), "b");
     EXPECT_EQ(&members.Item("key c"), &last);
     EXPECT_EQ(&members.Item(2), &last);
+    members.Add("without key");
     members.Add("again", "key a");
     EXPECT_EQ(members.Item("key a"), "again");
+    members.Remove(3);
+    EXPECT_EQ(members.Item(3), "again");
 }
 
 TEST_F(CollectionTest, RaisesTheErrorsOfCollections) {
@@ -40,14 +42,6 @@ TEST_F(CollectionTest, RaisesTheErrorsOfCollections) {
     EXPECT_EQ(errorOf([&] { (void)members.Item(""); }), ErrorNumber::InvalidCall);
     members.Clear();
     EXPECT_EQ(errorOf([&] { (void)members.Item("key a"); }), ErrorNumber::InvalidCall);
-}
-
-TEST_F(CollectionTest, MembersNeedNoKey) {
-    members.Add("d");
-    members.Add("e");
-    EXPECT_EQ(members.Item(4), "d");
-    members.Remove(4);
-    EXPECT_EQ(members.Item(4), "e");
 }
 
 }  // namespace

@@ -49,53 +49,42 @@ protected:
 using Start = ControlTraits::Start;
 
 TEST_F(ControlTest, StartsAsOftenAsItsTraitsSay) {
-    struct Case {
-        Start start;
-        std::vector<bool> shows;  // UserMode at each
-        int starts;
-    };
-    const Case cases[] = {
+    const std::tuple<Start, std::vector<bool>, int> cases[] = {
+        // UserMode at each show
+
         {Start::EveryShow, {false, true, true}, 2},
         {Start::FirstRunShow, {false, true, true}, 1},
         {Start::FirstShowOnly, {false, true, true}, 0},
         {Start::FirstShowOnly, {true, true}, 1},
         {Start::FirstRunShow, {false, false}, 0},
     };
-    for (const Case& c : cases) {
-        NotingControl control = make(c.start);
-        for (const bool userMode : c.shows) {
+    for (const auto& [start, shows, starts] : cases) {
+        NotingControl control = make(start);
+        for (const bool userMode : shows) {
             ambient.userMode = userMode;
             control.Show();
         }
-        EXPECT_EQ(std::ranges::count(control.steps, "start"), c.starts) << "case " << (&c - cases);
+        EXPECT_EQ(std::ranges::count(control.steps, "start"), starts) << static_cast<int>(start);
     }
 }
 
 TEST_F(ControlTest, PropertiesOfTheFormHaveNoEffectButTheColours) {
+    const auto keys = ElementsAre("BackColor", "ForeColor", "File", "FileIni");
     fakes::FakePropertyBag bag;
-    bag.values = {{"BackColor", OleColor{255}}, {"File", "a.mdb"}, {"FileIni", "a.ini"}};
+    bag.values = {{"BackColor", OleColor{255}}, {"ForeColor", "red"}, {"File", "a.mdb"}};
     NotingControl control = make(Start::FirstRunShow, true);
     control.ReadProperties(bag);
-    EXPECT_THAT(bag.order, ElementsAre("BackColor", "ForeColor", "File", "FileIni"));
-    EXPECT_THAT(control.steps, ElementsAre("back 255", "fore " + std::to_string(ButtonText)));
+    EXPECT_THAT(bag.order, keys);
+    EXPECT_THAT(control.steps, ElementsAre("back 255", "fore " + std::to_string(ButtonText)))
+        << "a value of the wrong kind reads as the default";
     EXPECT_EQ(control.source(), "a.mdb");
-    EXPECT_EQ(control.FileIni(), "a.ini");
 
     fakes::FakePropertyBag written;
     control.WriteProperties(written);
-    EXPECT_THAT(written.order, ElementsAre("BackColor", "ForeColor", "File", "FileIni"));
-    EXPECT_EQ(written.values.at("BackColor"), fakes::FakePropertyBag::Value(OleColor{255}));
-    EXPECT_EQ(written.values.at("ForeColor"), fakes::FakePropertyBag::Value(ButtonText));
-    EXPECT_EQ(written.values.at("File"), fakes::FakePropertyBag::Value("a.mdb"));
-}
-
-TEST_F(ControlTest, ValuesOfTheWrongKindReadAsTheDefault) {
-    fakes::FakePropertyBag bag;
-    bag.values = {{"BackColor", "red"}, {"File", OleColor{7}}};
-    NotingControl control = make(Start::FirstRunShow);
-    control.ReadProperties(bag);
-    EXPECT_EQ(control.BackColor(), ButtonFace);
-    EXPECT_EQ(control.source(), "");
+    EXPECT_THAT(written.order, keys);
+    bag.values["ForeColor"] = ButtonText;
+    bag.values["FileIni"] = "";
+    EXPECT_EQ(written.values, bag.values);
 }
 
 TEST_F(ControlTest, AssignmentsNotifyAndActOnlyAtRunTime) {
@@ -112,6 +101,12 @@ TEST_F(ControlTest, AssignmentsNotifyAndActOnlyAtRunTime) {
     control.FileIni("b.ini");
     EXPECT_THAT(control.steps,
                 ElementsAre("File", "sourceAssigned", "FileIni", "load Viewer_Instance1"));
+    const auto settings = control.openSettings();
+    ASSERT_NE(settings, nullptr);
+    EXPECT_EQ(settings->NomeFile(), "b.ini");
+    EXPECT_EQ(settings->Sezione(), "Viewer_Instance1");
+    control.FileIni("");
+    EXPECT_EQ(control.openSettings(), nullptr);
 }
 
 TEST_F(ControlTest, AControlWithoutSettingsOnlyStoresFileIni) {
@@ -136,16 +131,6 @@ TEST_F(ControlTest, TerminateGoesByTheModeLastRead) {
     control.Show();
     control.Terminate();
     EXPECT_THAT(control.steps, ElementsAre("start", "release"));
-}
-
-TEST_F(ControlTest, SettingsOpenInTheInstancesSection) {
-    NotingControl control = make(Start::FirstRunShow, true);
-    EXPECT_EQ(control.openSettings(), nullptr);
-    control.FileIni("a.ini");
-    const auto settings = control.openSettings();
-    ASSERT_NE(settings, nullptr);
-    EXPECT_EQ(settings->NomeFile(), "a.ini");
-    EXPECT_EQ(settings->Sezione(), "Viewer_Instance1");
 }
 
 }  // namespace

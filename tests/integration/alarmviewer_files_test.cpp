@@ -4,23 +4,20 @@
 #include "adapters/access/filesystem.h"
 #include "adapters/access/jet/writer.h"
 #include "adapters/ini/inisettings.h"
-#include "alarmviewer/alarmviewer.h"
-#include "tests/fakes/fakeservices.h"
-#include "tests/fakes/fakewidgets.h"
+#include "tests/alarmviewer/alarmviewerwidgets.h"
+#include "tests/filebytes.h"
 #include "tests/tempfolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <fstream>
-#include <limits>
-#include <sstream>
 
 namespace velt {
 namespace {
 
 namespace fs = std::filesystem;
+using test::bytesOf;
+using test::writeBytes;
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -38,62 +35,33 @@ void writeTable(const fs::path& file, const std::string& table,
     jet::Writer writer = jet::Writer::create(file);
     writer.createTable(table, columns);
     for (const Row& row : rows) writer.append(table, row);
-    writer.flush();
 }
 
 Row alarm(const Date& time, const char* station, const char* name) {
     return {time, station, name, "descrizione", "Attivo"};
 }
 
-std::string contentOf(const fs::path& file) {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
-
-class FileServices final : public Services {
+/// Real settings, files and databases; the rest is played.
+class FileServices final : public fakes::FakeServices {
 public:
     SettingsFactory& settings() override { return settings_; }
     clsDatabase& database() override { return database_; }
     clsFileSystem& fileSystem() override { return files_; }
-    clsRecordset& recordsets() override { return recordsets_; }
-    MessageBox& messageBox() override { return messages; }
-    Clock& clock() override { return clock_; }
-    Dispatcher& dispatcher() override { return dispatcher_; }
-    const Locale& locale() override { return italian_; }
-
-    fakes::FakeMessageBox messages;
 
 private:
-    fakes::FakeClock clock_;
-    InlineDispatcher dispatcher_;
-    ini::IniSettingsFactory settings_{clock_};
-    access::AccessDatabase database_{dispatcher_};
-    access::LocalFileSystem files_{dispatcher_};
-    clsRecordset recordsets_;
-    Locale italian_;
+    ini::IniSettingsFactory settings_{clock()};
+    access::AccessDatabase database_{dispatcher()};
+    access::LocalFileSystem files_{dispatcher()};
 };
 
 /// An alarm viewer with widgets of its own, as a panel makes it anew at each start.
-struct Panel {
-    explicit Panel(fakes::FakeAmbient& ambient) : viewer(form(), ambient, services) {}
-
-    AlarmViewerForm form() {
-        return {control,         frmAllarme,
-                chkDataIniziale, DataIniziale,
-                TimeIniziale,    chkDataFinale,
-                DataFinale,      TimeFinale,
-                chkAllarme,      cmbAllarme,
-                lvVRX,           cmdSeleziona,
-                cmdDeseleziona,  cmdAggiornaVRX,
-                cmdAggiornaDati, dg,
-                Adodc,           t};
-    }
-    void start(const fs::path& file, const fs::path& ini) {
+struct Panel : AlarmViewerWidgets {
+    Panel(const fs::path& file, const fs::path& ini) {
         viewer.File(file.string());
         viewer.FileIni(ini.string());
         viewer.Show();
     }
+    /// What was told since the last call.
     std::vector<std::string> messages() {
         std::vector<std::string> texts;
         for (const auto& message : services.messages.shown) texts.push_back(message.text);
@@ -102,22 +70,12 @@ struct Panel {
     }
 
     FileServices services;
-    fakes::FakeFrame control, frmAllarme;
-    fakes::FakeCheckBox chkDataIniziale, chkDataFinale, chkAllarme;
-    fakes::FakeDatePicker DataIniziale, TimeIniziale, DataFinale, TimeFinale;
-    fakes::FakeComboBox cmbAllarme;
-    fakes::FakeListView lvVRX;
-    fakes::FakeButton cmdSeleziona, cmdDeseleziona, cmdAggiornaVRX, cmdAggiornaDati;
-    fakes::FakeDataControl Adodc;
-    fakes::FakeDataGrid dg{Adodc};
-    fakes::FakeTimer t;
-    AlarmViewer viewer;
+    AlarmViewer viewer{form, ambient, services};
 };
 
 class AlarmViewerFiles : public testing::Test {
 protected:
     TempFolder folder;
-    fakes::FakeAmbient ambient;
     const fs::path file = folder / "Allarmi.mdb";
     const fs::path ini = folder / "panel.ini";
     const Date morning = Date::fromFields({2026, 3, 14, 7, 30, 0, 0});
@@ -130,8 +88,7 @@ TEST_F(AlarmViewerFiles, FiltersShowsAndRemembers) {
                 alarm(morning.addSeconds(60), "RTU02", "Livello alto"),
                 alarm(morning.addSeconds(86400), "RTU01", "Pompa ferma")});
     {
-        Panel panel(ambient);
-        panel.start(file, ini);
+        Panel panel(file, ini);
         ASSERT_EQ(panel.lvVRX.Count(), 2);
         panel.cmdAggiornaDati.click();
         EXPECT_EQ(panel.Adodc.caption, "Record 1 of 4");
@@ -152,8 +109,7 @@ TEST_F(AlarmViewerFiles, FiltersShowsAndRemembers) {
         EXPECT_THAT(panel.messages(), IsEmpty());
         panel.viewer.Terminate();
     }
-    Panel panel(ambient);
-    panel.start(file, ini);
+    Panel panel(file, ini);
     EXPECT_EQ(panel.DataIniziale.Value(), morning.addSeconds(60));
     EXPECT_EQ(panel.cmbAllarme.Text(), "Pompa ferma");
     EXPECT_THAT(checkedTexts(panel.lvVRX), ElementsAre("RTU02"));
@@ -167,8 +123,7 @@ TEST_F(AlarmViewerFiles, NullsAndDatesFarOutAreShownAsTheyAre) {
     writeTable(file, "Allarmi", AlarmColumns,
                {alarm(Date(3e9), "RTU01", "A"), nothing, alarm(Date(-1.25), "RTU01", "A"),
                 alarm(Date(-1.5), "RTU01", "A"), alarm(morning, "RTU01", "A")});
-    Panel panel(ambient);
-    panel.start(file, ini);
+    Panel panel(file, ini);
     EXPECT_EQ(panel.lvVRX.Count(), 1);
     panel.cmdAggiornaDati.click();
     EXPECT_EQ(panel.Adodc.caption, "Record 1 of 5");
@@ -180,70 +135,37 @@ TEST_F(AlarmViewerFiles, NullsAndDatesFarOutAreShownAsTheyAre) {
 }
 
 TEST_F(AlarmViewerFiles, TellsWhatIsWrongWithTheFile) {
-    const auto columnsBut = [](std::size_t left, const char* name, jet::ColumnType type) {
-        auto columns = AlarmColumns;
-        columns[left] = {name, type};
-        return columns;
-    };
+    const std::vector<Row> rows = {alarm(morning, "RTU01", "A")};
+    auto otherColumns = AlarmColumns;
+    otherColumns[3].name = "Testo";
+    fs::create_directory(folder / "cartella.mdb");
+    writeBytes(folder / "testo.mdb", std::string(9000, 'x'));
+    writeTable(folder / "senza tabella.mdb", "Altro", AlarmColumns, rows);
+    writeTable(folder / "senza colonna.mdb", "Allarmi", otherColumns, rows);
     struct Case {
-        const char* what;
-        std::function<void(const fs::path&)> make;
-        std::vector<std::string> onStart;
-        std::string onRefresh;
+        const char* file;
+        const char* onRefresh;
+        std::size_t onStart = 1;  ///< messages already at the first show
     };
-    const std::string error = "Error N°: ";
     const Case cases[] = {
-        {"missing",
-         [](const fs::path&) {},
-         {"Il File Allarmi non esiste!"},
-         "Il File Allarmi non esiste!"},
-        {"a folder",
-         [](const fs::path& path) { fs::create_directory(path); },
-         {"Il File Allarmi non esiste!"},
-         "Il File Allarmi non esiste!"},
-        {"empty",
-         [](const fs::path& path) { std::ofstream(path).flush(); },
-         {error + "3343"},
-         error + "3343"},
-        {"text",
-         [](const fs::path& path) { std::ofstream(path) << std::string(9000, 'x'); },
-         {error + "3343"},
-         error + "3343"},
-        {"no table",
-         [&](const fs::path& path) {
-             writeTable(path, "Altro", AlarmColumns, {alarm(morning, "RTU01", "A")});
-         },
-         {error + "3078"},
-         error + "3078"},
-        {"no column",
-         [&](const fs::path& path) {
-             writeTable(path, "Allarmi", columnsBut(3, "Testo", jet::ColumnType::Text),
-                        {alarm(morning, "RTU01", "A")});
-         },
-         {},
-         error + "3061"},
+        {"cartella.mdb", "Il File Allarmi non esiste!"},
+        {"testo.mdb", "Error N°: 3343\r\nDesc.: "},
+        {"senza tabella.mdb", "Error N°: 3078\r\nDesc.: "},
+        {"senza colonna.mdb", "Error N°: 3061\r\nDesc.: ", 0},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const fs::path path = folder / (std::string(c.what) + ".mdb");
-        c.make(path);
-        Panel panel(ambient);
-        panel.start(path, ini);
-        const auto onStart = panel.messages();
-        ASSERT_EQ(onStart.size(), c.onStart.size());
-        for (std::size_t i = 0; i < onStart.size(); ++i)
-            EXPECT_THAT(onStart[i], StartsWith(c.onStart[i]));
+        SCOPED_TRACE(c.file);
+        Panel panel(folder / c.file, ini);
+        EXPECT_EQ(panel.messages().size(), c.onStart);
         panel.cmdAggiornaDati.click();
         EXPECT_THAT(panel.messages(), ElementsAre(StartsWith(c.onRefresh)));
         EXPECT_FALSE(panel.dg.visible);
-        panel.viewer.Terminate();
     }
 }
 
 TEST_F(AlarmViewerFiles, AnApostropheInAStationsNameIsASyntaxError) {
     writeTable(file, "Allarmi", AlarmColumns, {alarm(morning, "L'Aquila", "A")});
-    Panel panel(ambient);
-    panel.start(file, ini);
+    Panel panel(file, ini);
     panel.cmdAggiornaDati.click();
     EXPECT_EQ(panel.Adodc.caption, "Record 1 of 1");
     panel.cmdSeleziona.click();
@@ -254,17 +176,13 @@ TEST_F(AlarmViewerFiles, AnApostropheInAStationsNameIsASyntaxError) {
 
 TEST_F(AlarmViewerFiles, AReplacedFileIsReadAnew) {
     writeTable(file, "Allarmi", AlarmColumns, {alarm(morning, "RTU01", "A")});
-    Panel panel(ambient);
-    panel.start(file, ini);
+    Panel panel(file, ini);
     panel.cmdAggiornaDati.click();
     const fs::path other = folder / "new.mdb";
-    writeTable(other, "Allarmi", AlarmColumns,
-               {alarm(morning, "RTU07", "A"), alarm(morning, "RTU08", "A")});
+    writeTable(other, "Allarmi", AlarmColumns, {2, alarm(morning, "RTU07", "A")});
     fs::rename(other, file);
     panel.cmdAggiornaDati.click();
     EXPECT_EQ(panel.Adodc.caption, "Record 1 of 2");
-    panel.cmdAggiornaVRX.click();
-    EXPECT_EQ(panel.lvVRX.Text(1), "RTU07");
 
     fs::remove(file);
     panel.cmdAggiornaDati.click();
@@ -274,30 +192,18 @@ TEST_F(AlarmViewerFiles, AReplacedFileIsReadAnew) {
 
 TEST_F(AlarmViewerFiles, UnusableSettingsStopNothing) {
     writeTable(file, "Allarmi", AlarmColumns, {alarm(morning, "RTU01", "A")});
-    std::string garbage;
-    for (int i = 0; i < 4000; ++i) garbage += static_cast<char>(i * 37 % 256);
-    std::ofstream(ini, std::ios::binary)
-        << garbage << "\n[AlarmViewer_Instance1]\nisStart=forse\nstartDate=ieri\nListCount=-1\n";
-    const std::string before = contentOf(ini);
-    {
-        Panel panel(ambient);
-        panel.start(file, ini);
+    writeBytes(ini,
+               "\x7F_ELF\n[AlarmViewer_Instance1]\nisStart=forse\nstartDate=ieri\nListCount=-1\n");
+    for (const fs::path& path : {ini, folder.path(), folder / "no" / "such" / "folder.ini"}) {
+        Panel panel(file, path);
         EXPECT_EQ(panel.chkDataIniziale.Value(), 0);
         EXPECT_EQ(panel.DataIniziale.Value(), fakes::FakeClock().present);
         panel.cmdAggiornaDati.click();
         EXPECT_EQ(panel.Adodc.caption, "Record 1 of 1");
         panel.viewer.Terminate();
-        EXPECT_THAT(contentOf(ini), StartsWith(garbage)) << "foreign lines stay";
-        EXPECT_THAT(contentOf(ini), HasSubstr("isStart=0"));
-    }
-    for (const fs::path& path : {folder.path(), folder / "no" / "such" / "folder.ini"}) {
-        Panel panel(ambient);
-        panel.start(file, path);
-        panel.cmdAggiornaDati.click();
-        EXPECT_EQ(panel.Adodc.caption, "Record 1 of 1");
-        panel.viewer.Terminate();
         EXPECT_THAT(panel.messages(), IsEmpty());
     }
+    EXPECT_THAT(bytesOf(ini), AllOf(StartsWith("\x7F_ELF\n"), HasSubstr("isStart=0")));
 }
 
 }  // namespace

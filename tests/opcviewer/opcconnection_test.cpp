@@ -41,7 +41,7 @@ TEST_F(OPCConnectionTest, AFailingStepIsSkippedAndTheNextOnesAreTried) {
     }
 }
 
-TEST_F(OPCConnectionTest, AServerThatCannotBeMadeIsTriedAnew) {
+TEST_F(OPCConnectionTest, AServerThatCannotBeMadeOrReachedIsTriedAnew) {
     plant().failures.emplace("create", RuntimeError(429, "Non registrato"));
     viewer.Show();
     cmdVrxFromOPC.click();
@@ -49,6 +49,11 @@ TEST_F(OPCConnectionTest, AServerThatCannotBeMadeIsTriedAnew) {
     viewer.Terminate();
     EXPECT_THAT(plant().log, ElementsAre("create", "create", "create"));
     EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError) << "nobody to browse";
+
+    plant().failures = {{ConnectSteps[0], RuntimeError(ErrorNumber::Cancelled)}};
+    plant().log.clear();
+    EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError);
+    EXPECT_THAT(plant().log, ElementsAre("create", ConnectSteps[0])) << "ends the operation";
     plant().failures.clear();
     cmdVrxFromOPC.click();
     EXPECT_THAT(stations(), ElementsAre("RTU01", "RTU02"));
@@ -63,12 +68,6 @@ TEST_F(OPCConnectionTest, WhatIsConnectedIsReused) {
     cmdVrxFromOPC.click();
     EXPECT_THAT(connectCalls(), IsEmpty());
     EXPECT_THAT(stations(), ElementsAre("RTU01", "RTU02"));
-}
-
-TEST_F(OPCConnectionTest, ACancelledConnectEndsTheOperation) {
-    plant().failures.emplace(ConnectSteps[0], RuntimeError(ErrorNumber::Cancelled));
-    EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError);
-    EXPECT_THAT(plant().log, ElementsAre("create", ConnectSteps[0]));
 }
 
 TEST_F(OPCConnectionTest, DisconnectingTriesEveryStep) {

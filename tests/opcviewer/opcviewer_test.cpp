@@ -32,18 +32,18 @@ TEST_F(OPCViewerTest, TheFirstShowConnectsAndListsTheStations) {
     EXPECT_FALSE(t.Enabled());
 }
 
-TEST_F(OPCViewerTest, DesignTimeTouchesNothing) {
+TEST_F(OPCViewerTest, NothingAtDesignTimeAndSilenceWithoutAServer) {
     ambient.userMode = false;
     viewer.Hostname("srv");
     viewer.Show();
     viewer.Terminate();
     EXPECT_THAT(plant().log, IsEmpty());
     EXPECT_FALSE(t.Enabled());
-}
 
-TEST_F(OPCViewerTest, AnUnreachableServerIsSilentButTheTimerRuns) {
+    ambient.userMode = true;
     plant().reachable = false;
-    viewer.Show();
+    OPCViewer other(form, ambient, services);
+    other.Show();
     EXPECT_THAT(stations(), IsEmpty());
     EXPECT_TRUE(t.Enabled());
     EXPECT_THAT(messages(), IsEmpty());
@@ -105,15 +105,18 @@ TEST_F(OPCViewerTest, MarksByButtonsAndActivation) {
 }
 
 TEST_F(OPCViewerTest, AClickOnAColumnSortsByItOrTurnsTheOrder) {
-    using Order = ReportList::Order;
-    lvItem.ColumnClick.raise(2);
-    EXPECT_EQ(std::pair(lvItem.SortKey(), lvItem.SortOrder()), std::pair(2, Order::Ascending));
-    lvItem.ColumnClick.raise(2);
-    EXPECT_EQ(std::pair(lvItem.SortKey(), lvItem.SortOrder()), std::pair(2, Order::Descending));
-    lvItem.ColumnClick.raise(0);
-    EXPECT_EQ(std::pair(lvItem.SortKey(), lvItem.SortOrder()), std::pair(0, Order::Descending));
-    lvItem.ColumnClick.raise(0);
-    EXPECT_EQ(std::pair(lvItem.SortKey(), lvItem.SortOrder()), std::pair(0, Order::Ascending));
+    struct Click {
+        int column;
+        ReportList::Order order;
+    };
+    for (const Click& click : {Click{2, ReportList::Order::Ascending},
+                               {2, ReportList::Order::Descending},
+                               {0, ReportList::Order::Descending},
+                               {0, ReportList::Order::Ascending}}) {
+        lvItem.ColumnClick.raise(click.column);
+        EXPECT_EQ(lvItem.SortKey(), click.column);
+        EXPECT_EQ(lvItem.SortOrder(), click.order);
+    }
 }
 
 TEST_F(OPCViewerTest, ColoursReachTheTwoFrames) {

@@ -57,10 +57,20 @@ protected:
     fakes::FakeReportList lvItem;
     fakes::FakeTextBox txtScrittura;
     fakes::FakeTimer t;
-    OPCViewer viewer{
-        OPCViewerForm{control, frmVRX, frmItem, lvVRX, cmdVrxFromOPC, cmdAggiornaDati, cmdSeleziona,
-                      cmdDeseleziona, cmdEliminaTutto, lvItem, txtScrittura, cmdScrivi, t},
-        ambient, services};
+    const OPCViewerForm form{control,
+                             frmVRX,
+                             frmItem,
+                             lvVRX,
+                             cmdVrxFromOPC,
+                             cmdAggiornaDati,
+                             cmdSeleziona,
+                             cmdDeseleziona,
+                             cmdEliminaTutto,
+                             lvItem,
+                             txtScrittura,
+                             cmdScrivi,
+                             t};
+    OPCViewer viewer{form, ambient, services};
 };
 
 }  // namespace velt

@@ -11,14 +11,10 @@ namespace {
 TEST(ValueText, ScalarsAndArrays) {
     const std::pair<Variant, const char*> cases[] = {
         {Variant(), ""},
-        {Variant(Null{}), ""},
         {Variant(true), "Vero"},
-        {Variant(-2.5), "-2,5"},
         {Variant(std::numeric_limits<double>::quiet_NaN()), "NaN"},
-        {Variant("a; b"), "a; b"},
         {Variant(Date::fromFields({2006, 3, 14, 7, 30, 0, 0})), "14/03/2006 07.30.00"},
         {Variant(std::vector<std::int32_t>{1, 2, 3}), "(1; 2; 3)"},
-        {Variant(std::vector<std::int16_t>{-1}), "(-1)"},
         {Variant(std::vector<std::uint8_t>{0, 255}), "(0; 255)"},
         {Variant(std::vector<bool>{true, false}), "(Vero; Falso)"},
         {Variant(std::vector<float>{0.1F, 2.0F}), "(0,1; 2)"},

@@ -1,33 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "opcviewer/writevalue.h"
 
-#include "platform/runtimeerror.h"
+#include "tests/errorof.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace velt {
 namespace {
 
-using testing::ElementsAre;
-
 std::optional<Variant> convert(int type, const std::string& text) {
     return ConvertiParti(type, SeparaParti(text), Locale{});
-}
-
-int errorOf(int type, const std::string& text) {
-    try {
-        (void)convert(type, text);
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
-
-TEST(WriteValue, SplitsAtEverySemicolon) {
-    EXPECT_THAT(SeparaParti("1;2;3"), ElementsAre("1", "2", "3"));
-    EXPECT_THAT(SeparaParti(""), ElementsAre(""));
-    EXPECT_THAT(SeparaParti(";a b;;"), ElementsAre("", "a b", "", ""));
 }
 
 TEST(WriteValue, EveryTypeTakesItsValue) {
@@ -39,7 +21,6 @@ TEST(WriteValue, EveryTypeTakesItsValue) {
     };
     const Case cases[] = {
         {{2, 16}, "12", std::int16_t{12}},
-        {{2, 16}, "-32768", std::int16_t{-32768}},
         {{3, 18, 19, 22, 23}, "1.000.000", std::int32_t{1000000}},
         {{3}, "2,5", std::int32_t{2}},
         {{4}, "0,5", 0.5F},
@@ -49,7 +30,6 @@ TEST(WriteValue, EveryTypeTakesItsValue) {
         {{15, 17}, "255", std::uint8_t{255}},
         {{7}, "14/03/2006", day},
         {{8}, " testo ", " testo "},
-        {{2}, "1;2", std::int16_t{1}},
         {{8}, "a;b", "a"},
         {{8}, ";b", ""},
         {{8194, 8208}, "1;2", std::vector<std::int16_t>{1, 2}},
@@ -82,7 +62,9 @@ TEST(WriteValue, RefusesWhatIsOfTheWrongKindOrDoesNotFit) {
         {17, "256", 6},        {17, "-1", 6},        {7, "31/02/2006", 13}, {8194, "1;2;", 13},
         {8194, "1;40000", 6},  {8203, "Vero;x", 13},
     };
-    for (const Case& c : cases) EXPECT_EQ(errorOf(c.type, c.text), c.error) << c.type << c.text;
+    for (const Case& c : cases)
+        EXPECT_EQ(raisedBy([&] { (void)convert(c.type, c.text); }).Number(), c.error)
+            << c.type << c.text;
 }
 
 }  // namespace

@@ -76,11 +76,13 @@ TEST_F(CursorTest, CountsMovedRowsThatLeadNowhere) {
     write(6);
     const std::size_t page = place(0).page;
     patch([page](PatchedFile& file) {
-        file.markMoved(page, 0, page, 0);      // to itself
-        file.markMoved(page, 1, page, 200);    // no such row
-        file.markMoved(page, 2, 0xFFFFFF, 0);  // no such page
-        file.markMoved(page, 3, 2, 0);         // no data page
-        file.markMoved(page, 4, 1, 0);         // a page of another owner
+        const std::string catalogued("M\0S\0y\0s\0", 8);
+        const std::size_t catalogue = file.bytes().find(catalogued) / PatchedFile::PageSize;
+        file.markMoved(page, 0, page, 0);       // to itself
+        file.markMoved(page, 1, page, 200);     // no such row
+        file.markMoved(page, 2, 0xFFFFFF, 0);   // no such page
+        file.markMoved(page, 3, 2, 0);          // no data page
+        file.markMoved(page, 4, catalogue, 0);  // a row of another table
     });
     EXPECT_THAT(numbers(5), ElementsAre(5));
 }
