@@ -15,6 +15,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// What an error says. Exceptions share their text among copies, which is nothing for two threads.
+struct Failure {
+    int number = 0;
+    std::string description;
+};
+
 constexpr auto ConnectPatience = 5500ms;  ///< a little more than the thread gives itself
 
 /// Counts the threads. Never destroyed: threads may end after main().
@@ -36,7 +42,7 @@ struct Session::Core {
     mutable std::mutex mutex;
     std::condition_variable_any changed;
     State state = State::Connecting;
-    std::optional<RuntimeError> failure;  ///< why it does not stand any more
+    std::optional<Failure> failure;  ///< why it does not stand any more
     std::vector<std::function<void(UA_Client&)>> commands;
     std::stop_source stop;
 
@@ -57,7 +63,7 @@ struct Session::Core {
         return std::exchange(commands, {});
     }
 
-    void end(std::optional<RuntimeError> reason) {
+    void end(std::optional<Failure> reason) {
         std::vector<std::function<void(UA_Client&)>> dropped;
         const std::lock_guard lock(mutex);
         failure = std::move(reason);
@@ -79,21 +85,21 @@ std::shared_ptr<Session> Session::open(std::string endpoint,
                  events = std::move(events)]() mutable {
         {
             SessionThread thread(core->stop.get_token());
-            std::optional<RuntimeError> failure;
+            std::optional<Failure> failure;
             try {
                 thread.connect(endpoint, configure);
                 if (events.active) events.active(thread.client());
                 core->become(State::Active);
                 thread.run([&core] { return core->takeCommands(); }, events.turn);
             } catch (const RuntimeError& error) {
-                failure = error;
+                failure = Failure{error.Number(), error.Description()};
             } catch (const std::bad_alloc&) {
-                failure = RuntimeError(ErrorNumber::Overflow, "Memoria insufficiente");
+                failure = Failure{static_cast<int>(ErrorNumber::Overflow), "Memoria insufficiente"};
             }
             const bool stood = core->stood();
             core->end(failure);
             if (stood && failure && !core->stop.stop_requested() && events.lost)
-                events.lost(failure->Description());
+                events.lost(failure->description);
         }
         // Only now: values may come in until the client is gone.
         events = {};
@@ -117,10 +123,10 @@ void Session::waitUntilActive(const std::stop_token& stop) {
     const bool decided = core_->changed.wait_for(
         lock, stop, ConnectPatience, [this] { return core_->state != State::Connecting; });
     if (core_->state == State::Active) return;
-    const std::optional<RuntimeError> failure = core_->failure;
+    const std::optional<Failure> failure = core_->failure;
     lock.unlock();
     close();
-    if (failure) throw RuntimeError(*failure);
+    if (failure) throw RuntimeError(failure->number, failure->description);
     if (!decided && stop.stop_requested()) throw RuntimeError(ErrorNumber::Cancelled);
     throw statusError(UA_STATUSCODE_BADTIMEOUT);
 }

@@ -99,6 +99,7 @@ void SessionThread::run(const std::function<Commands()>& takeCommands,
         if (shuttingDown_) throw statusError(UA_STATUSCODE_BADSHUTDOWN);
         if (mute_) throw statusError(UA_STATUSCODE_BADTIMEOUT);
         if (!standing_) throw statusError(UA_STATUSCODE_BADCONNECTIONCLOSED);
+        check(connectStatus_);
     }
 }
 

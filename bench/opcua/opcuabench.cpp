@@ -265,6 +265,19 @@ void connecting() {
     if (bind(mute, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
         listen(mute, 5) != 0)
         std::abort();
+    // A full queue of connections: what comes next is dropped without a word, as by a dead host.
+    const int full = socket(AF_INET, SOCK_STREAM, 0);
+    const std::uint16_t fullPort = test::freePort();
+    address.sin_port = htons(fullPort);
+    if (bind(full, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
+        listen(full, 0) != 0)
+        std::abort();
+    std::vector<int> queue;
+    for (int i = 0; i < 8; ++i) {
+        queue.push_back(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0));
+        // That it is not finished at once is what it is for.
+        (void)::connect(queue.back(), reinterpret_cast<sockaddr*>(&address), sizeof address);
+    }
     WindowDispatcher window;
     Panel panel(window);
     struct Case {
@@ -272,7 +285,8 @@ void connecting() {
         std::string node;
     };
     // 192.0.2.0/24 is kept for documentation: nobody answers.
-    for (const Case& c : {Case{"dead address", "192.0.2.1:4840"},
+    for (const Case& c : {Case{"address without a host", "192.0.2.1:4840"},
+                          {"host that drops everything", node(fullPort)},
                           {"mute port", node(mutePort)},
                           {"closed port", node(test::freePort())},
                           {"name that does not resolve", "nessuno.invalid"}}) {
@@ -287,6 +301,8 @@ void connecting() {
         std::printf("connect, %s: %.2f s (%s), beat late %.1f ms at most\n", c.name, since(start),
                     reason.c_str(), window.lateness());
     }
+    for (const int descriptor : queue) close(descriptor);
+    close(full);
     close(mute);
 }
 

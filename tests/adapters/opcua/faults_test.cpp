@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Servers that die, hang, lie or are not there.
+#include "adapters/opcua/addressspace.h"
+#include "adapters/opcua/connection.h"
 #include "tests/adapters/opcua/serverfixture.h"
 #include "tests/adapters/opcua/serverprocess.h"
 #include "tests/errorof.h"
@@ -16,6 +18,7 @@
 #include <csignal>
 #include <filesystem>
 #include <optional>
+#include <thread>
 
 namespace velt::opcua::test {
 namespace {
@@ -212,6 +215,62 @@ TEST_F(FaultsTest, ConnectingToWhatIsNoServerEnds) {
     }
     close(mute);
     EXPECT_TRUE(shutDowns_.empty());
+}
+
+/// As a window whose operator presses "Annulla" at once.
+class CancellingDispatcher final : public Dispatcher {
+public:
+    ~CancellingDispatcher() override {
+        for (std::thread& work : works_) work.join();
+    }
+    void run(std::function<void(std::stop_token)> work) override {
+        works_.emplace_back([work = std::move(work), stop = stop_.get_token()] {
+            ignoreErrors([&] { work(stop); });
+        });
+        stop_.request_stop();
+        throw RuntimeError(ErrorNumber::Cancelled);
+    }
+    void post(std::function<void()>) override {}
+    void yield() override {}
+
+private:
+    std::stop_source stop_;
+    std::vector<std::thread> works_;
+};
+
+TEST_F(FaultsTest, CancelledWaitsLeaveNothingBehind) {
+    TestServer server(oneStation);
+    {
+        CancellingDispatcher window;
+        OpcUaServerFactory factory(window);
+        for (const std::string& node : {server.endpoint(), std::string("nessuno.invalid")}) {
+            const auto object = factory.create();
+            EXPECT_EQ(errorOf([&] { object->Connect("x", node); }), ErrorNumber::Cancelled);
+            EXPECT_EQ(object->ServerState(), opc::Disconnected);
+        }
+    }
+    EXPECT_TRUE(Session::waitForAll(10s));
+
+    // Works that were cancelled at the server: the next ones find the connection as it was.
+    connect(server.endpoint());
+    const auto ids = itemIDs("RTU01");
+    CancellingDispatcher window;
+    const auto side = std::make_shared<ThreadSide>();
+    const auto session = Session::open(server.endpoint(), clientSetup({}, "").configure, {});
+    session->waitUntilActive();
+    Connection connection(window, session, side);
+    EXPECT_EQ(errorOf([&] {
+                  (void)connection.wait(
+                      [](UA_Client& client, ThreadSide& mine, const std::stop_token& stop) {
+                          return readBranches(client, mine.limits, Builder::objects(), stop).size();
+                      });
+              }),
+              ErrorNumber::Cancelled);
+    EXPECT_EQ(session->call([side](UA_Client& client) {
+        return readBranches(client, side->limits, Builder::objects(), {}).size();
+    }),
+              1U);
+    EXPECT_THAT(add(ids), SizeIs(2));
 }
 
 TEST_F(FaultsTest, ManyDeathsLeaveNothingBehind) {
