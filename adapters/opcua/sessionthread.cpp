@@ -21,6 +21,16 @@ constexpr UA_UInt32 LeaveTime = 500;  // ms
 
 constexpr UA_UInt32 ServiceTime = 5000;  // ms
 
+/// Why there is no session. The library has one code for a name that does not resolve, a host that
+/// is down and a server that hangs up.
+void checkConnecting(UA_StatusCode status) {
+    if (status == UA_STATUSCODE_BADCONNECTIONCLOSED || status == UA_STATUSCODE_BADDISCONNECT ||
+        status == UA_STATUSCODE_BADCONNECTIONREJECTED)
+        throw RuntimeError(static_cast<int>(status),
+                           "Il server non si raggiunge, o rifiuta la connessione");
+    check(status);
+}
+
 }  // namespace
 
 SessionThread::~SessionThread() {
@@ -53,10 +63,10 @@ void SessionThread::connect(const std::string& endpoint,
         throw std::bad_alloc();
     }
     const auto deadline = Clock::now() + ConnectTime;
-    check(UA_Client_connectAsync(client_.get(), endpoint.c_str()));
+    checkConnecting(UA_Client_connectAsync(client_.get(), endpoint.c_str()));
     while (!activated_) {
         listen();
-        check(connectStatus_);
+        checkConnecting(connectStatus_);
         if (stop_.stop_requested()) throw RuntimeError(ErrorNumber::Cancelled);
         if (Clock::now() > deadline) {
             mute_ = true;
