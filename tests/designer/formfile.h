@@ -20,6 +20,7 @@ inline constexpr FormControl formControls[] = {
     {"OPCViewer1", "velt::ui::OPCViewer", "Hostname", "opc.tcp://127.0.0.1:4840"},
     {"AlarmViewer1", "velt::ui::AlarmViewer", "File", "dati/Allarmi.mdb"},
     {"TrendViewer1", "velt::ui::TrendViewer", "File", "dati/VeltRTU.ini"},
+    {"ConnViewer1", "velt::ui::ConnViewer", "File", "dati/VeltRTU.ini"},
 };
 
 /// A form as the designer saves it, with all controls in tabs, splitters and a main window.

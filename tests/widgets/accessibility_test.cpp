@@ -4,6 +4,7 @@
 #include "tests/qtmain.h"
 #include "widgets/alarmviewer.h"
 #include "widgets/connviewer.h"
+#include "widgets/connviewer.h"
 #include "widgets/opcviewer.h"
 #include "widgets/trendviewer.h"
 
@@ -32,6 +33,7 @@ std::vector<std::unique_ptr<ControlWidget>> everyControl() {
     controls.push_back(std::make_unique<OPCViewer>());
     controls.push_back(std::make_unique<AlarmViewer>());
     controls.push_back(std::make_unique<TrendViewer>());
+    controls.push_back(std::make_unique<ConnViewer>());
     controls.push_back(std::make_unique<ConnViewer>());
     // Shown empty: what is under test needs no data, and nothing may be read or connected.
     for (const auto& control : controls) control->setDesignMode(true);
