@@ -6,10 +6,23 @@
 
 #include <QGuiApplication>
 
+#include <iostream>
+
 namespace velt::cli {
+
+namespace {
+
+/// Drawing needs no desktop: hints that there is none are not for the user of a command line.
+void keepErrorsOnly(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::cerr << "velt: " << text.toStdString() << '\n';
+}
+
+}  // namespace
 
 void saveTrendPicture(const std::shared_ptr<const ChartContents>& contents, PictureSize size,
                       const std::string& path) {
+    qInstallMessageHandler(keepErrorsOnly);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     char name[] = "velt";
     char* arguments[] = {name, nullptr};
