@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace velt::opcua {
 
@@ -12,5 +13,9 @@ namespace velt::opcua {
 
 /// The host of an endpoint URL, without the brackets of an IPv6 address.
 [[nodiscard]] std::string hostOf(const std::string& endpoint);
+
+/// The same endpoint by each address of its host but the first: the library tries only that one,
+/// and "localhost" often is ::1 first where a server listens on 127.0.0.1. May block.
+[[nodiscard]] std::vector<std::string> otherAddresses(const std::string& endpoint);
 
 }  // namespace velt::opcua

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/opcua/sessionthread.h"
 
+#include "adapters/opcua/endpoint.h"
 #include "adapters/opcua/status.h"
 
 #include <open62541/client_config_default.h>
 #include <open62541/nodeids.h>
 
 #include <array>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace velt::opcua {
 namespace {
@@ -21,11 +25,16 @@ constexpr UA_UInt32 LeaveTime = 500;  // ms
 
 constexpr UA_UInt32 ServiceTime = 5000;  // ms
 
-/// Why there is no session. The library has one code for a name that does not resolve, a host that
-/// is down and a server that hangs up.
+/// The library has one code for a name that does not resolve, a host that is down and a server that
+/// hangs up.
+bool isUnreachable(UA_StatusCode status) {
+    return status == UA_STATUSCODE_BADCONNECTIONCLOSED || status == UA_STATUSCODE_BADDISCONNECT ||
+           status == UA_STATUSCODE_BADCONNECTIONREJECTED;
+}
+
+/// Why there is no session.
 void checkConnecting(UA_StatusCode status) {
-    if (status == UA_STATUSCODE_BADCONNECTIONCLOSED || status == UA_STATUSCODE_BADDISCONNECT ||
-        status == UA_STATUSCODE_BADCONNECTIONREJECTED)
+    if (isUnreachable(status))
         throw RuntimeError(static_cast<int>(status),
                            "Il server non si raggiunge, o rifiuta la connessione");
     check(status);
@@ -47,6 +56,29 @@ SessionThread::~SessionThread() {
 
 void SessionThread::connect(const std::string& endpoint,
                             const std::function<void(UA_ClientConfig&)>& configure) {
+    const auto deadline = Clock::now() + ConnectTime;
+    std::vector<std::string> urls = {endpoint};
+    for (std::size_t i = 0; !activated_; ++i) {
+        try {
+            attempt(urls[i], configure, deadline);
+        } catch (const RuntimeError& error) {
+            if (!isUnreachable(static_cast<UA_StatusCode>(error.Number()))) throw;
+            if (i == 0)
+                for (std::string& url : otherAddresses(endpoint)) urls.push_back(std::move(url));
+            if (i + 1 == urls.size() || stop_.stop_requested()) throw;
+        }
+    }
+    // From here on the end of the session is the end: the caller decides whether to connect again.
+    UA_ClientConfig* const live = UA_Client_getConfig(client_.get());
+    live->noReconnect = true;
+    live->noNewSession = true;
+}
+
+void SessionThread::attempt(const std::string& endpoint,
+                            const std::function<void(UA_ClientConfig&)>& configure,
+                            Clock::time_point deadline) {
+    client_.reset();
+    connectStatus_ = UA_STATUSCODE_GOOD;
     UA_ClientConfig config{};
     try {
         configure(config);
@@ -62,7 +94,6 @@ void SessionThread::connect(const std::string& endpoint,
         UA_ClientConfig_clear(&config);
         throw std::bad_alloc();
     }
-    const auto deadline = Clock::now() + ConnectTime;
     checkConnecting(UA_Client_connectAsync(client_.get(), endpoint.c_str()));
     while (!activated_) {
         listen();
@@ -73,10 +104,6 @@ void SessionThread::connect(const std::string& endpoint,
             throw statusError(UA_STATUSCODE_BADTIMEOUT);
         }
     }
-    // From here on the end of the session is the end: the caller decides whether to connect again.
-    UA_ClientConfig* const live = UA_Client_getConfig(client_.get());
-    live->noReconnect = true;
-    live->noNewSession = true;
 }
 
 void SessionThread::stateChanged(UA_Client* client, UA_SecureChannelState /*channel*/,

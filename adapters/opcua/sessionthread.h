@@ -38,6 +38,9 @@ private:
         void operator()(UA_Client* client) const { UA_Client_delete(client); }
     };
 
+    void attempt(const std::string& endpoint,
+                 const std::function<void(UA_ClientConfig&)>& configure,
+                 Clock::time_point deadline);
     static void stateChanged(UA_Client* client, UA_SecureChannelState channel,
                              UA_SessionState session, UA_StatusCode connectStatus);
     static void pinged(UA_Client* client, void* self, UA_UInt32 requestId, void* response);
