@@ -73,7 +73,7 @@ ConnViewerUi::ConnViewerUi(QWidget* face)
         {lblVRX, {332, 84, 285, 20}},          {captions[4], {222, 106, 106, 20}},
         {lblStato, {332, 106, 285, 20}},       {cmdConnetti, {222, 136, 125, 26}},
         {cmdDisconnetti, {353, 136, 125, 26}}, {cmdDownload, {222, 168, 125, 26}},
-        {cmdDownloadAll, {353, 168, 264, 26}}, {captions[5], {222, 204, 40, 20}},
+        {cmdDownloadAll, {353, 168, 264, 26}}, {captions[5], {222, 203, 40, 20}},
         {lblLog, {266, 206, 351, 56}}};
     for (const auto& [widget, place] : places) widget->setGeometry(place);
 
