@@ -5,6 +5,7 @@
 
 #include <QCloseEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTime>
 
@@ -14,7 +15,7 @@ HostWindow::HostWindow(QWidget* form) : lastError_(new QLabel(this)) {
     form->setWindowFlags(Qt::Widget);
     setWindowTitle(form->windowTitle().isEmpty() ? QStringLiteral("VELT Viewers")
                                                  : form->windowTitle());
-    resize(form->size().expandedTo(QSize(1000, 640)));
+    resize(form->size().expandedTo(QSize(1000, 640)).boundedTo(screen()->availableSize()));
     setCentralWidget(form);
     const auto controls = form->findChildren<ui::ControlWidget*>();
     for (ui::ControlWidget* control : controls) {

@@ -21,7 +21,7 @@ constexpr int ListHeight = 90;  // four stations
 constexpr int TableWidth = 380;
 constexpr int TableHeight = 110;  // the header and four rows
 constexpr int NameWidth = 180;    // at least
-constexpr int ColumnWidths[] = {NameWidth, 120, 130, 150};
+constexpr int ColumnWidths[] = {NameWidth, 145, 120, 150};
 
 constexpr QLatin1String NoItems(
     "Spuntare le stazioni e premere \"Aggiorna Variabili\" per vederne le variabili.");
