@@ -12,6 +12,7 @@ namespace {
 
 constexpr const char* Application = "VELT Viewer";
 constexpr const char* RuntimeIsDown = "Runtime non attivo!!";
+constexpr int NoIcon = -1;
 constexpr int RetryInterval = 1000;  // ms
 
 }  // namespace
@@ -126,6 +127,8 @@ void ConnViewer::ricostruisciElenco() {
 
 void ConnViewer::client_Disconnessione() {
     ScriviLog(RuntimeIsDown);
+    // Nobody knows the lines' states any more.
+    for (int row = 1; row <= form_.lvVRX.Count(); ++row) form_.lvVRXIcons.Icon(row, NoIcon);
     AggiornaStatoRTU();
     form_.t.Enabled(true);
 }

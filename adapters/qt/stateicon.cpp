@@ -22,6 +22,12 @@ public:
         if (mode == QIcon::Disabled) painter->setOpacity(0.5);
         painter->translate(QRectF(rect).center() - QPointF(side / 2, side / 2));
         painter->scale(side / Side, side / Side);
+        if (mode == QIcon::Selected) {
+            // Blue on the blue of a selected row would not be seen.
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(Qt::white);
+            painter->drawRoundedRect(QRectF(0, 0, Side, Side), 3, 3);
+        }
         paint_(*painter);
         painter->restore();
     }

@@ -136,6 +136,7 @@ TEST_F(ConnViewerFaceTest, DialsDownloadsAndHangsUpAsTheRuntimeSays) {
     EXPECT_EQ(text("lblLog"), "'RTU02': linea occupata");
     client().lose();
     EXPECT_EQ(text("lblLog"), "Runtime non attivo!!");
+    EXPECT_FALSE(row.data(Qt::DecorationRole).isValid()) << "an old state must not look live";
     takeLog();
     EXPECT_TRUE(eventually([&] { return !services.runtimes.log.empty(); })) << "it tries again";
     viewer.Terminate();
