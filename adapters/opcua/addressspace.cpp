@@ -47,6 +47,7 @@ std::vector<Leaves> readLeaves(UA_Client& client, const OperationLimits& limits,
     std::vector<Leaves> result(branches.size());
     std::vector<Seen> seen(branches.size());
     std::vector<Open> level;
+    level.reserve(branches.size());
     for (std::size_t i = 0; i < branches.size(); ++i) {
         seen[i].nodes.insert(branches[i].id);
         level.push_back({i, branches[i].id, "", false});
@@ -54,6 +55,7 @@ std::vector<Leaves> readLeaves(UA_Client& client, const OperationLimits& limits,
     std::size_t limit = MaxNodes;
     for (int depth = 0; depth < MaxLevels && !level.empty() && limit > 0; ++depth) {
         std::vector<Parent> parents;
+        parents.reserve(level.size());
         for (const Open& open : level) parents.push_back({open.id, open.isVariable});
         const std::vector<Children> answers = browseChildren(client, limits, parents, limit, stop);
         std::vector<Open> next;

@@ -122,6 +122,7 @@ private:
     /// Goes on at these points, or gives them back to the server.
     void next(const std::vector<Continuation>& points, bool release) {
         std::vector<UA_ByteString> bytes;
+        bytes.reserve(points.size());
         for (const Continuation& continuation : points) bytes.push_back(*continuation.point);
         exchange(
             client_, sliceCount(bytes.size(), limits_.browse),

@@ -30,6 +30,7 @@ void OpcUaBrowser::ShowBranches() {
         position_ ? directory_->branches(position_->id) : directory_->roots();
     names_.clear();
     itemIDs_.clear();
+    names_.reserve(branches.size());
     for (const Branch& branch : branches) names_.push_back(branch.name);
 }
 
@@ -38,6 +39,7 @@ void OpcUaBrowser::ShowLeafs() {
     if (position_) leaves = directory_->leaves(*position_);
     names_.clear();
     itemIDs_.clear();
+    names_.reserve(leaves.size());
     for (Leaf& leaf : leaves) {
         names_.push_back(leaf.name);
         itemIDs_.emplace(std::move(leaf.name), std::move(leaf.itemID));

@@ -20,6 +20,7 @@ OpcUaItems::Created OpcUaItems::createAtServer(const std::vector<Prepared>& item
     wanted.reserve(items.size());
     for (const Prepared& item : items) wanted.push_back({item.key, item.node});
     std::vector<NodeId> nodes;
+    nodes.reserve(untyped.size());
     for (const std::size_t i : untyped) nodes.push_back(items[i].node);
     return connection_->wait(
         [subscription = subscription_, wanted = std::move(wanted), nodes = std::move(nodes),
@@ -117,6 +118,7 @@ std::vector<std::int32_t> OpcUaItems::Remove(const std::vector<std::int32_t>& se
     std::unordered_set<std::int32_t> known;
     for (const auto& item : items_) known.insert(item->ServerHandle());
     std::vector<std::int32_t> errors;
+    errors.reserve(serverHandles.size());
     std::unordered_set<std::int32_t> removed;
     for (const std::int32_t handle : serverHandles) {
         const bool isThere = known.contains(handle) && removed.insert(handle).second;

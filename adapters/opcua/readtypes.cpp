@@ -50,6 +50,7 @@ std::vector<ValueType> readTypes(UA_Client& client, const OperationLimits& limit
                                  const std::stop_token& stop) {
     std::vector<ValueType> types(variables.size());
     std::vector<UA_ReadValueId> ids;
+    ids.reserve(2 * variables.size());
     for (const NodeId& node : variables) {
         ids.push_back(attribute(node, UA_ATTRIBUTEID_DATATYPE));
         ids.push_back(attribute(node, UA_ATTRIBUTEID_VALUERANK));

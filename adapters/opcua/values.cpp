@@ -124,6 +124,7 @@ Variant toVariant(const UA_Variant& value) {
     }
     if (isScalar) return printed(value.data, value.type);
     std::vector<std::string> list;
+    list.reserve(value.arrayLength);
     const auto* element = static_cast<const std::byte*>(value.data);
     for (std::size_t i = 0; i < value.arrayLength; ++i, element += value.type->memSize)
         list.push_back(printed(element, value.type));

@@ -63,6 +63,7 @@ void clear(UA_CertificateVerification* verification) {
 
 std::vector<UA_ByteString> borrowedAll(const std::vector<std::string>& texts) {
     std::vector<UA_ByteString> all;
+    all.reserve(texts.size());
     for (const std::string& text : texts) all.push_back(borrowed(text));
     return all;
 }

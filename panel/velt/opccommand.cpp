@@ -91,6 +91,7 @@ public:
         }
         browser->ShowLeafs();
         std::vector<std::string> ids;
+        ids.reserve(static_cast<std::size_t>(browser->Count()));
         for (std::int32_t i = 1; i <= browser->Count(); ++i)
             ids.push_back(browser->GetItemID(browser->Item(i)));
         return ids;
