@@ -90,6 +90,7 @@ TEST_F(AlarmSettingsTest, NothingMayWipeTheStoredMarks) {
     viewer.Terminate();
     viewer.Terminate();
     EXPECT_EQ(marks(), stored) << "a second Terminate()";
+    EXPECT_EQ(services.settingsFactory.commits, 1);
 
     services.files.files.clear();
     cmdAggiornaVRX.click();

@@ -36,11 +36,7 @@ protected:
     std::vector<std::string>& log() { return services.runtimes.log; }
     /// The client that was made last.
     fakes::FakeRuntimeClient& client() { return *services.runtimes.made.back().lock(); }
-    std::vector<std::string> listed() {
-        std::vector<std::string> texts;
-        for (int row = 1; row <= lvVRX.Count(); ++row) texts.push_back(lvVRX.Text(row));
-        return texts;
-    }
+    std::vector<std::string> listed() const { return lvVRX.texts(); }
     /// Enabled state of the four buttons: Connetti, Disconnetti, Download, Download tutte.
     std::array<bool, 4> enabled() const {
         return {cmdConnetti.Enabled(), cmdDisconnetti.Enabled(), cmdDownload.Enabled(),

@@ -114,54 +114,70 @@ public:
     std::vector<Row> rows;
 };
 
-class FakeListView final : public ListView {
+/// What a list of rows with keys does, whatever else its rows hold.
+template <typename List, typename Row>
+class KeyedRows : public List {
 public:
     void Clear() override {
-        rows_.clear();
+        rows.clear();
         rowOf_.clear();
-        selected_ = 0;
+        selected = 0;
     }
-    void Add(const std::string& key, const std::string& text) override {
-        if (!key.empty() && !rowOf_.emplace(key, Count() + 1).second)
-            throw RuntimeError(ErrorNumber::KeyInUse);
-        rows_.push_back({key, text, false});
-    }
-    int Count() const override { return static_cast<int>(rows_.size()); }
-    std::string Text(int row) const override { return elementAt(rows_, row - 1).text; }
-    std::string Key(int row) const override { return elementAt(rows_, row - 1).key; }
+    int Count() const override { return static_cast<int>(rows.size()); }
+    std::string Key(int row) const override { return elementAt(rows, row - 1).key; }
     int RowOf(const std::string& key) const override {
         const auto found = rowOf_.find(key);
         return found == rowOf_.end() ? 0 : found->second;
     }
-    bool Checked(int row) const override { return elementAt(rows_, row - 1).checked; }
-    void Checked(int row, bool checked) override { elementAt(rows_, row - 1).checked = checked; }
-    int SelectedItem() const override { return selected_; }
-    void AdjustColumns(int minimum, int) override { adjustments.push_back(minimum); }
-    std::vector<int> adjustments;
-    // The operator.
-    void select(int row) { selected_ = row; }
-    void doubleClick(int row) {
-        selected_ = row;
-        DblClick.raise();
-    }
-    void click(int row) {
-        selected_ = row;
-        Click.raise();
-    }
-    void activate(int row) {
-        selected_ = row;
-        ItemActivate.raise();
+    int SelectedItem() const override { return selected; }
+
+    std::vector<Row> rows;
+    int selected = 0;
+
+protected:
+    void append(Row row) {
+        if (!row.key.empty() && !rowOf_.emplace(row.key, Count() + 1).second)
+            throw RuntimeError(ErrorNumber::KeyInUse);
+        rows.push_back(std::move(row));
     }
 
 private:
-    struct Row {
-        std::string key;
-        std::string text;
-        bool checked = false;
-    };
-    std::vector<Row> rows_;
     std::unordered_map<std::string, int> rowOf_;
-    int selected_ = 0;
+};
+
+struct ListViewRow {
+    std::string key;
+    std::string text;
+    bool checked = false;
+};
+
+class FakeListView final : public KeyedRows<ListView, ListViewRow> {
+public:
+    void Add(const std::string& key, const std::string& text) override { append({key, text}); }
+    std::string Text(int row) const override { return elementAt(rows, row - 1).text; }
+    bool Checked(int row) const override { return elementAt(rows, row - 1).checked; }
+    void Checked(int row, bool checked) override { elementAt(rows, row - 1).checked = checked; }
+    void AdjustColumns(int minimum, int) override { adjustments.push_back(minimum); }
+    std::vector<int> adjustments;
+    std::vector<std::string> texts() const {
+        std::vector<std::string> all;
+        for (const ListViewRow& row : rows) all.push_back(row.text);
+        return all;
+    }
+    // The operator.
+    void select(int row) { selected = row; }
+    void doubleClick(int row) {
+        selected = row;
+        DblClick.raise();
+    }
+    void click(int row) {
+        selected = row;
+        Click.raise();
+    }
+    void activate(int row) {
+        selected = row;
+        ItemActivate.raise();
+    }
 };
 
 class FakeDataControl final : public DataControl {

@@ -42,11 +42,7 @@ protected:
         for (const auto& row : lvItem.rows) keys.push_back(row.key);
         return keys;
     }
-    std::vector<std::string> stations() const {
-        std::vector<std::string> names;
-        for (int row = 1; row <= lvVRX.Count(); ++row) names.push_back(lvVRX.Text(row));
-        return names;
-    }
+    std::vector<std::string> stations() const { return lvVRX.texts(); }
 
     fakes::FakeAmbient ambient;
     fakes::FakeServices services;

@@ -34,8 +34,6 @@ TEST_F(Paths, FindWhatAWindowsPathMeans) {
     makeFile("Dati/Città.mdb");
     makeFile("Dati/a×b.mdb");
     const std::pair<const char*, const char*> cases[] = {
-        {"Dati/rtu01.mdb", "Dati/rtu01.mdb"},
-        {"Dati\\rtu01.mdb", "Dati/rtu01.mdb"},
         {"dati\\RTU01.MDB", "Dati/rtu01.mdb"},
         {"Dati//rtu01.mdb", "Dati/rtu01.mdb"},
         {"DATI/../dati/./Rtu01.Mdb", "Dati/../Dati/./rtu01.mdb"},
@@ -46,7 +44,6 @@ TEST_F(Paths, FindWhatAWindowsPathMeans) {
         {"DATI\\", "Dati"},
         {"Dati/rtu03.mdb", "-"},
         {"Dati/rtu01.mdb/x", "-"},
-        {"Altro/rtu01.mdb", "-"},
     };
     for (const auto& [name, expected] : cases) EXPECT_EQ(resolved(name), expected) << name;
 }
