@@ -45,6 +45,9 @@ public:
         makeText();
         appendText(intern(text));
     }
+    void reserve(std::size_t rows) { numbers_.reserve(rows); }
+    /// A number that another column of the same kind holds, or NaN for null.
+    void appendHeld(double number) { numbers_.push_back(number); }
     /// Adds a text that is at its number in the dictionary of a Text column.
     void appendText(std::uint32_t id) { ids_.push(id + 1); }
     [[nodiscard]] std::uint32_t intern(std::string_view text) { return dictionary_->intern(text); }

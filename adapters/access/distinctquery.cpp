@@ -2,9 +2,9 @@
 #include "adapters/access/distinctquery.h"
 
 #include "adapters/access/collation.h"
-#include "adapters/access/keywords.h"
 #include "adapters/access/queryerror.h"
 #include "adapters/access/timeline.h"
+#include "adapters/access/tokenmatcher.h"
 
 #include <algorithm>
 #include <numeric>
@@ -12,33 +12,6 @@
 
 namespace velt::access {
 namespace {
-
-/// Walks over the tokens, taking what fits.
-class Matcher {
-public:
-    explicit Matcher(const std::vector<SqlToken>& tokens) : tokens_(tokens) {}
-
-    bool word(std::string_view word) {
-        if (at_ >= tokens_.size() || !isWord(tokens_[at_], word)) return false;
-        ++at_;
-        return true;
-    }
-    /// A name; when `name` holds one already, only that one.
-    bool name(std::string& name) {
-        if (at_ >= tokens_.size() || !isName(tokens_[at_]) || isKeyword(tokens_[at_])) return false;
-        if (!name.empty() && tokens_[at_].text != name) return false;
-        name = tokens_[at_++].text;
-        return true;
-    }
-    bool end() {
-        if (at_ < tokens_.size() && isOperator(tokens_[at_], ";")) ++at_;
-        return at_ == tokens_.size();
-    }
-
-private:
-    const std::vector<SqlToken>& tokens_;
-    std::size_t at_ = 0;
-};
 
 void appendTexts(const Column& source, bool descending, Column& target) {
     const TextDictionary& texts = source.dictionary();
@@ -76,7 +49,7 @@ bool holdsNull(const Column& column) {
 
 std::optional<DistinctQuery> recogniseDistinct(const std::vector<SqlToken>& tokens) {
     DistinctQuery query;
-    Matcher match(tokens);
+    TokenMatcher match(tokens);
     if (!match.word("SELECT")) return std::nullopt;
     bool distinct = match.word("DISTINCT");
     if (!match.name(query.column) || !match.word("FROM") || !match.name(query.table))

@@ -6,6 +6,7 @@
 #include "adapters/access/preparedquery.h"
 #include "adapters/access/queryerror.h"
 #include "adapters/access/sqltoken.h"
+#include "adapters/access/timequery.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,6 +17,8 @@ namespace {
 std::shared_ptr<const ResultRows> answer(std::string_view statement, QueryContext& context) {
     std::vector<SqlToken> tokens = tokenize(statement);
     if (const auto distinct = recogniseDistinct(tokens)) return runDistinct(*distinct, context);
+    if (const auto timed = recogniseTimeQuery(tokens))
+        if (auto rows = runTimeQuery(*timed, context)) return rows;
     PreparedQuery query(translate(std::move(tokens), statement), statement, context);
     return query.readAll();
 }

@@ -4,7 +4,6 @@
 #include "tests/qtmain.h"
 #include "widgets/alarmviewer.h"
 #include "widgets/connviewer.h"
-#include "widgets/connviewer.h"
 #include "widgets/opcviewer.h"
 #include "widgets/trendviewer.h"
 

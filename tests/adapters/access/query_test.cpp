@@ -140,6 +140,8 @@ TEST_F(Query, PushedDownRangesAndOrdersAnswerAsTheEngineDoes) {
         "{D} >= #1/2/1900# AND {D} <= #12/27/1899#",
         "{D} > #12/25/1899# AND {D} > #12/29/1899# AND {D} < #1/3/1900# AND {E} >= #1/1/1900#",
         "{D} BETWEEN #12/28/1899# AND #1/1/1900# OR {D} > #1/5/1900# OR {E} = #12/31/1899#",
+        "{D} >= #12/27/1899 06:00:00# AND {D} <= #1/2/1900#",
+        "({D} >= #12/29/1899# AND {D} <= #12/31/1899 18:00:00#)",
         "{D} = #12/29/1899#",
         "{D} >= Null",
         "{D} < {E}",
@@ -162,6 +164,50 @@ TEST_F(Query, PushedDownRangesAndOrdersAnswerAsTheEngineDoes) {
             EXPECT_EQ(pushed, plain) << condition << direction;
         }
     }
+}
+
+TEST_F(Query, AStretchOfTimeIsAnsweredAsTheEngineDoes) {
+    using jet::ColumnType;
+    const Date day(38790.25);
+    const Null null;
+    file_.addTable("Misure",
+                   {{"Data", ColumnType::Date},
+                    {"Si", ColumnType::Boolean},
+                    {"B", ColumnType::Byte},
+                    {"L", ColumnType::Long},
+                    {"S", ColumnType::Single},
+                    {"Soldi", ColumnType::Currency},
+                    {"Testo", ColumnType::Text},
+                    {"Altra", ColumnType::Date}},
+                   {{Date(38792), true, std::uint8_t{255}, -1, 0.1F, 12.5, "a", Date(-1.25)},
+                    {day, false, null, null, null, null, null, null},
+                    {Date(38791), true, std::uint8_t{0}, 7, -2.5F, -0.01, "b", Date(1.5)},
+                    {null, true, std::uint8_t{1}, 1, 1.0F, 1.0, "c", Date(1)},
+                    {Date(38800), true, std::uint8_t{1}, 1, 1.0F, 1.0, "d", Date(1)}});
+    const std::string where =
+        " FROM misure WHERE (DATA >= #2006-03-14 06:00:00# AND DATA <= #2006-03-17#) ORDER BY DATA";
+    for (const char* columns :
+         {"Data", "Data, Si", "B, L", "S, Soldi, altra", "l, Data, L", "Testo", "Data, Testo"}) {
+        SCOPED_TRACE(columns);
+        const auto quick = file_.query("SELECT " + std::string(columns) + where);
+        const auto slow = file_.query("SELECT " + std::string(columns) + where + " + 0");
+        ASSERT_EQ(quick->columnCount(), slow->columnCount());
+        EXPECT_EQ(quick->rowCount(), 3U);
+        for (std::size_t i = 0; i < quick->columnCount(); ++i) {
+            EXPECT_EQ(quick->columnName(i), slow->columnName(i));
+            EXPECT_EQ(quick->columnType(i), slow->columnType(i));
+        }
+        EXPECT_EQ(file_.texts("SELECT " + std::string(columns) + where),
+                  file_.texts("SELECT " + std::string(columns) + where + " + 0"));
+    }
+    const std::pair<std::string, int> errors[] = {
+        {"SELECT Nessuna" + where, 3061},
+        {"SELECT D FROM No WHERE D >= #1/1/2000# AND D <= #1/1/2001# ORDER BY D", 3078},
+        {"SELECT L FROM Misure WHERE Testo >= #1/1/2000# AND Testo <= #1/1/2001# ORDER BY Testo",
+         13},
+    };
+    for (const auto& [statement, number] : errors)
+        EXPECT_EQ(file_.error(statement).Number(), number) << statement;
 }
 
 TEST_F(Query, Functions) {
