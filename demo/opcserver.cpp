@@ -93,7 +93,7 @@ struct OpcServer::Impl {
 
     void run(const std::stop_token& stop) {
         while (!stop.stop_requested()) iterate();
-        if (UA_Server_getStatistics(server.get()).ss.currentSessionCount > 0) announceEnd();
+        if (hasClients()) announceEnd();
         UA_Server_run_shutdown(server.get());
     }
 
@@ -106,6 +106,10 @@ struct OpcServer::Impl {
         UA_Server_run_iterate(server.get(), true);
     }
 
+    [[nodiscard]] bool hasClients() const {
+        return UA_Server_getStatistics(server.get()).ss.currentSessionCount > 0;
+    }
+
     /// Lets those who watch the server's state see it.
     void announceEnd() {
         using namespace std::chrono;
@@ -116,7 +120,7 @@ struct OpcServer::Impl {
         UA_Server_writeValue(server.get(), ns0(UA_NS0ID_SERVER_SERVERSTATUS_SECONDSTILLSHUTDOWN),
                              value);
         const auto end = steady_clock::now() + options.shutdownNotice;
-        while (steady_clock::now() < end) iterate();
+        while (hasClients() && steady_clock::now() < end) iterate();
     }
 
     [[nodiscard]] std::string endpoint() const {
