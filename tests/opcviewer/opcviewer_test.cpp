@@ -120,11 +120,7 @@ TEST_F(OPCViewerTest, AClickOnAColumnSortsByItOrTurnsTheOrder) {
 }
 
 TEST_F(OPCViewerTest, ColoursReachTheTwoFrames) {
-    fakes::FakePropertyBag bag;
-    bag.values = {{"BackColor", OleColor{0x0000FF}}, {"Hostname", "nodo"}};
-    viewer.ReadProperties(bag);
-    EXPECT_EQ(viewer.Hostname(), "nodo");
-    EXPECT_THAT(plant().log, IsEmpty());
+    viewer.BackColor(0x0000FF);
     viewer.ForeColor(0x00FF00);
     for (const fakes::FakeFrame* frame : {&control, &frmVRX, &frmItem}) {
         EXPECT_EQ(frame->backColor, 0x0000FFu);

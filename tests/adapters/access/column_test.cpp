@@ -69,16 +69,5 @@ TEST(Column, OfMixedKindsBecomesText) {
     EXPECT_EQ(dates.value(0), Variant("2006-03-14 07:30:00"));
 }
 
-TEST(Column, TakesBackRows) {
-    for (const FieldType type : {FieldType::Double, FieldType::Text}) {
-        Column column(type);
-        column.append(1.0);
-        column.append(2.0);
-        column.truncate(1);
-        column.truncate(5);
-        EXPECT_EQ(column.size(), 1U);
-    }
-}
-
 }  // namespace
 }  // namespace velt::access

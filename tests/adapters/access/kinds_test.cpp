@@ -18,30 +18,28 @@ TEST(Kinds, ComeAsTheyAreStored) {
     const std::vector<std::uint8_t> bytes = {0x00, 0xAB, 0xFF};
     const std::vector<std::uint8_t> guid = {0x33, 0x22, 0x11, 0x00, 0x55, 0x44, 0x77, 0x66,
                                             0x88, 0x99, 0xAA, 0xBB, 0xCC, 0xDD, 0xEE, 0xFF};
+    const std::string memo(10'000, 'm');
     struct Kind {
         const char* name;
         ColumnType type;
-        Variant stored;
         FieldType kind;
-        Variant expected;
+        Variant stored;
+        Variant read = stored;
     };
     const Kind kinds[] = {
-        {"Si", ColumnType::Boolean, true, FieldType::Boolean, true},
-        {"B", ColumnType::Byte, std::uint8_t{255}, FieldType::Byte, std::uint8_t{255}},
-        {"I", ColumnType::Integer, std::int16_t{-32768}, FieldType::Integer, std::int16_t{-32768}},
-        {"L", ColumnType::Long, std::int32_t{-2147483647 - 1}, FieldType::Long,
-         std::int32_t{-2147483647 - 1}},
-        {"C", ColumnType::Currency, 12345.6789, FieldType::Double, 12345.6789},
-        {"S", ColumnType::Single, 0.1F, FieldType::Single, 0.1F},
-        {"D", ColumnType::Double, 0.1, FieldType::Double, 0.1},
-        {"T", ColumnType::Date, Date(-1.25), FieldType::Date, Date(-1.25)},
-        {"X", ColumnType::Text, "perché €", FieldType::Text, "perché €"},
-        {"M", ColumnType::Memo, std::string(10'000, 'm'), FieldType::Text,
-         std::string(10'000, 'm')},
-        {"Y", ColumnType::Binary, bytes, FieldType::Text, "00ABFF"},
-        {"O", ColumnType::Ole, bytes, FieldType::Text, "00ABFF"},
-        {"G", ColumnType::Guid, guid, FieldType::Text, "{00112233-4455-6677-8899-AABBCCDDEEFF}"},
-        {"N", ColumnType::Numeric, "-123", FieldType::Double, -123.0},
+        {"Si", ColumnType::Boolean, FieldType::Boolean, true},
+        {"B", ColumnType::Byte, FieldType::Byte, std::uint8_t{255}},
+        {"I", ColumnType::Integer, FieldType::Integer, std::int16_t{-32768}},
+        {"L", ColumnType::Long, FieldType::Long, std::int32_t{-2147483647 - 1}},
+        {"C", ColumnType::Currency, FieldType::Double, 12345.6789},
+        {"S", ColumnType::Single, FieldType::Single, 0.1F},
+        {"D", ColumnType::Double, FieldType::Double, 0.1},
+        {"T", ColumnType::Date, FieldType::Date, Date(-1.25)},
+        {"X", ColumnType::Text, FieldType::Text, "perché €"},
+        {"M", ColumnType::Memo, FieldType::Text, memo},
+        {"Y", ColumnType::Binary, FieldType::Text, bytes, "00ABFF"},
+        {"G", ColumnType::Guid, FieldType::Text, guid, "{00112233-4455-6677-8899-AABBCCDDEEFF}"},
+        {"N", ColumnType::Numeric, FieldType::Double, "-123", -123.0},
     };
     std::vector<jet::ColumnDefinition> columns;
     Row full;
@@ -57,7 +55,7 @@ TEST(Kinds, ComeAsTheyAreStored) {
         ASSERT_EQ(rows->rowCount(), 2U);
         for (std::size_t i = 0; i < std::size(kinds); ++i) {
             EXPECT_EQ(rows->columnType(i), kinds[i].kind) << kinds[i].name;
-            EXPECT_EQ(rows->value(0, i), kinds[i].expected) << kinds[i].name;
+            EXPECT_EQ(rows->value(0, i), kinds[i].read) << kinds[i].name;
             const bool boolean = kinds[i].type == ColumnType::Boolean;  // which knows no null
             EXPECT_EQ(rows->value(1, i), boolean ? Variant(false) : Variant(Null{}))
                 << kinds[i].name;

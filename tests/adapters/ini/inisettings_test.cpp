@@ -253,6 +253,8 @@ TEST_F(IniSettingsTest, ProtectedFilesAndFoldersStayAsTheyAre) {
 TEST_F(IniSettingsTest, AFullDiskKeepsTheOldFile) {
     const std::string old = "[S]\nk=" + std::string(3000, 'x') + "\n";
     writeBytes(file_, old);
+    chmod(folder_.path().c_str(), 0777);
+    chmod(file_.c_str(), 0666);
     const bool kept = asOrdinaryUser([&] {
         signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{2000, 2000};

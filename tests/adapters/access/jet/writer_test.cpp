@@ -51,14 +51,12 @@ TEST_F(WriterTest, ChecksValuesAgainstColumns) {
         {"Lungo", 2147483648.0, ErrorNumber::Overflow},
         {"Lungo", 1.5, ErrorNumber::TypeMismatch},
         {"Valuta", 922337203685478.0, ErrorNumber::Overflow},
-        {"Singola", 1e39, ErrorNumber::Overflow},
         {"Data", 38000.0, ErrorNumber::TypeMismatch},
         {"Doppia", Date(1.0), ErrorNumber::TypeMismatch},
         {"Testo", std::string(101, 'x'), ErrorNumber::Overflow},
         {"Binario", std::vector<std::uint8_t>(511), ErrorNumber::Overflow},
         {"Codice", std::vector<std::uint8_t>(15), ErrorNumber::Overflow},
         {"Decimale", std::string("1.23456"), ErrorNumber::Overflow},
-        {"Decimale", std::string("123456789012345"), ErrorNumber::Overflow},
         {"Decimale", std::string("12,5"), ErrorNumber::Overflow},
     };
     Writer writer = Writer::create(file());
@@ -98,13 +96,11 @@ TEST_F(WriterTest, RefusesTablesThatTheFormatDoesNotAllow) {
         {"", good},
         {std::string(65, 'x'), good},
         {"Città", good},  // its place in the catalogue's index is not known
-        {"A.B", good},
         {"esiste", good},
         {"T", {}},
         {"T", Columns(256, {"N", ColumnType::Long})},
         {"T", {{"", ColumnType::Long}}},
         {"T", {{"A", ColumnType::Long}, {"a", ColumnType::Long}}},
-        {"T", {{"A", ColumnType::Text, 0}}},
         {"T", {{"A", ColumnType::Text, 256}}},
         {"T", {{"A", ColumnType::BigInt}}},
         {"T", {{"A", ColumnType::Numeric, 0, 29, 0}}},
