@@ -4,6 +4,7 @@
 #include "adapters/qt/gate.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QTabWidget>
 #include <QTableView>
 
@@ -43,6 +44,15 @@ bool clickRow(QTableView& list, const QString& text) {
     return false;
 }
 
+/// As an operator chooses: an assignment alone would not be told to the control.
+bool chooseEntry(QComboBox& list, const QString& text) {
+    const int entry = list.findText(text);
+    if (entry < 0) return false;
+    list.setCurrentIndex(entry);
+    emit list.activated(entry);
+    return true;
+}
+
 }  // namespace
 
 Clicks::Clicks(QWidget& window, QStringList steps)
@@ -71,6 +81,8 @@ bool Clicks::perform(const QString& step) {
     if (!widget || !bringToFront(widget)) return false;
     if (auto* list = qobject_cast<QTableView*>(widget))
         return list->model() && clickRow(*list, step.mid(path.size() + 1));
+    if (auto* list = qobject_cast<QComboBox*>(widget))
+        return chooseEntry(*list, step.mid(path.size() + 1));
     auto* button = qobject_cast<QAbstractButton*>(widget);
     if (button) button->click();
     return button != nullptr;
