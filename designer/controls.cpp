@@ -53,7 +53,7 @@ QString ControlDescription::className() const {
 }
 
 QString ControlDescription::domXml() const {
-    return QStringLiteral(R"(<ui language="c++">
+    return QStringLiteral(R"(<ui language="c++" displayname="%2">
  <widget class="%1" name="%2">
   <property name="geometry">
    <rect><x>0</x><y>0</y><width>%3</width><height>%4</height></rect>

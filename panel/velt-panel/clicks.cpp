@@ -44,12 +44,12 @@ bool clickRow(QTableView& list, const QString& text) {
     return false;
 }
 
-/// As an operator chooses: an assignment alone would not be told to the control.
-bool chooseEntry(QComboBox& list, const QString& text) {
-    const int entry = list.findText(text);
+/// Chooses the first entry that begins so, as the operator does from the open list.
+bool choose(QComboBox& box, const QString& text) {
+    const int entry = box.findText(text, Qt::MatchStartsWith);
     if (entry < 0) return false;
-    list.setCurrentIndex(entry);
-    emit list.activated(entry);
+    box.setCurrentIndex(entry);
+    emit box.activated(entry);
     return true;
 }
 
@@ -81,8 +81,8 @@ bool Clicks::perform(const QString& step) {
     if (!widget || !bringToFront(widget)) return false;
     if (auto* list = qobject_cast<QTableView*>(widget))
         return list->model() && clickRow(*list, step.mid(path.size() + 1));
-    if (auto* list = qobject_cast<QComboBox*>(widget))
-        return chooseEntry(*list, step.mid(path.size() + 1));
+    if (auto* box = qobject_cast<QComboBox*>(widget))
+        return choose(*box, step.mid(path.size() + 1));
     auto* button = qobject_cast<QAbstractButton*>(widget);
     if (button) button->click();
     return button != nullptr;

@@ -49,7 +49,7 @@ std::optional<Options> parseOptions(const QStringList& arguments, int& exitCode)
     const QCommandLineOption click("click",
                                    "Press the button with this name once the window stands, for "
                                    "example cmdAggiornaDati or AlarmViewer1.cmdAggiornaDati; "
-                                   "LIST:ROW ticks or selects a row or an entry. May be repeated.",
+                                   "LIST:ROW ticks, selects or chooses a row. May be repeated.",
                                    "NAME");
     const QCommandLineOption screenshot("screenshot", "Save a picture of the window, then exit.",
                                         "FILE.png");
