@@ -96,10 +96,12 @@ void paintCurve(QPainter& painter, const QColor& color, const std::vector<QPolyg
 
 /// Where a line ends, or leaves the plot to the right.
 QPointF endOf(const QPolygonF& line, const QRectF& plot) {
-    const QPointF end = line.last();
-    if (end.x() <= plot.right() || line.size() < 2) return end;
-    const QPointF before = line[line.size() - 2];
-    const double part = (plot.right() - before.x()) / std::max(end.x() - before.x(), 1e-9);
+    qsizetype i = line.size() - 1;
+    while (i > 0 && line[i - 1].x() > plot.right()) --i;
+    const QPointF end = line[i];
+    if (end.x() <= plot.right() || i == 0) return end;
+    const QPointF before = line[i - 1];
+    const double part = (plot.right() - before.x()) / (end.x() - before.x());
     return {plot.right(), before.y() + (end.y() - before.y()) * part};
 }
 

@@ -111,6 +111,25 @@ TEST(ChartPainterTest, StairsForWholeNumbersAndALineForOthers) {
     }
 }
 
+TEST(ChartPainterTest, AStepThatBeganBeforeTheViewStandsInIt) {
+    const auto steps = samplesOf({{0, 5}, {600, 6}, {1200, 8}}, SampleKind::Whole, testStart());
+    const auto whole = contentsOf(1200, {steps});
+    const auto part = [&](int from, int to) {
+        return drawingOf(vista(*whole, testStart() + from * 1000, testStart() + to * 1000));
+    };
+    const QRectF area(0, 0, 500, 300);
+    for (const auto& [from, to] : {std::pair{300, 900}, {100, 200}, {700, 1100}}) {
+        const ChartDrawing drawing = part(from, to);
+        const ChartGeometry geometry(drawing, area);
+        const auto lines = polylines(drawing.contents->series[0], 0, geometry);
+        ASSERT_EQ(lines.size(), 1U) << from;
+        EXPECT_LE(lines[0].first().x(), geometry.plot().left()) << from;
+        EXPECT_GE(lines[0].last().x(), geometry.plot().right()) << from;
+        EXPECT_GE(lines[0].first().y(), geometry.plot().top()) << from;
+        EXPECT_LE(lines[0].first().y(), geometry.plot().bottom()) << from;
+    }
+}
+
 TEST(ChartPainterTest, DrawsWhateverTheFileHolds) {
     constexpr double Infinite = std::numeric_limits<double>::infinity();
     const std::vector<std::pair<const char*, std::vector<std::pair<double, double>>>> cases = {

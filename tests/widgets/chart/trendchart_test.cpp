@@ -19,7 +19,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMessageBox>
+#include <QPrintDialog>
 
 #include <gtest/gtest.h>
 
@@ -82,7 +82,7 @@ protected:
 TEST_F(TrendChartTest, TheCursorSaysWhatEachPenIsWorth) {
     QTest::mouseMove(&chart, at(20.4));
     settle();
-    ASSERT_TRUE(chart.view().cursor().has_value());
+    ASSERT_TRUE(eventually([&] { return chart.view().cursor().has_value(); }));
     const auto lines = cursorReadout(chart.drawing(), *chart.view().cursor());
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].text, "Trend1: 10 m  (14/03/2006 00.20.00)") << "the nearest sample's time";
@@ -179,6 +179,35 @@ TEST_F(TrendChartTest, SavesPicturesAndSaysWhenItCannot) {
         EXPECT_TRUE(error.startsWith("Impossibile scrivere il file")) << error.toStdString();
     EXPECT_EQ(saveSampleCsv(chart.drawing(), path("b.csv"), [] { return false; }), "");
     EXPECT_FALSE(QFile::exists(path("b.csv"))) << "stopped";
+}
+
+TEST_F(TrendChartTest, AsksWhereToPrintWithoutWaiting) {
+    const std::unique_ptr<QMenu> menu(makeChartMenu(chart));
+    action(*menu, "Stampa")->trigger();
+    ASSERT_TRUE(eventually([&] { return chart.findChild<QPrintDialog*>() != nullptr; }));
+    chart.findChild<QPrintDialog*>()->reject();
+    EXPECT_TRUE(eventually([&] {
+        settle();
+        return chart.findChild<QPrintDialog*>() == nullptr;
+    }));
+}
+
+TEST_F(TrendChartTest, TheMenuOffersOnlyWhatIsPossible) {
+    const auto enabled = [&](const char* text) {
+        const std::unique_ptr<QMenu> menu(makeChartMenu(chart));
+        return action(*menu, text)->isEnabled();
+    };
+    EXPECT_FALSE(enabled("Vista precedente"));
+    EXPECT_FALSE(enabled("Ingrandisci fra i marcatori"));
+    EXPECT_FALSE(enabled("Marcatore A qui")) << "no cursor";
+    QTest::keyClick(&chart, Qt::Key_Home);
+    EXPECT_TRUE(enabled("Marcatore A qui"));
+    chart.zoomIn();
+    EXPECT_TRUE(enabled("Vista precedente"));
+    TrendChart empty;
+    const std::unique_ptr<QMenu> menu(makeChartMenu(empty));
+    for (QAction* entry : menu->actions())
+        EXPECT_FALSE(entry->isEnabled() && !entry->isSeparator());
 }
 
 TEST_F(TrendChartTest, CopiesItsPicture) {
