@@ -8,6 +8,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <exception>
@@ -20,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto QuickWork = 20ms;       ///< what ends sooner is not worth an event loop
+constexpr auto QuickWork = 20ms;       ///< works that end sooner, together, are not worth a loop
 constexpr auto ProgressDelay = 500ms;  ///< until the operator is told that something goes on
 constexpr auto PatienceAtTheEnd = 1s;  ///< for cancelled works when the program ends
 
@@ -94,7 +95,7 @@ void QtDispatcher::run(std::function<void(std::stop_token)> work) {
         job->finish(std::move(error));
     }).detach();
 
-    if (!job->waitAMoment(QuickWork)) waitFor(*job, loop);
+    if (!job->waitAMoment(patience())) waitFor(*job, loop);
     if (!job->detach()) {  // cancelled, or the program is being ended
         job->stop.request_stop();
         std::erase_if(cancelled_, [](const auto& old) { return old->waitAMoment(0ms); });
@@ -102,6 +103,18 @@ void QtDispatcher::run(std::function<void(std::stop_token)> work) {
         throw RuntimeError(ErrorNumber::Cancelled);
     }
     if (job->error) std::rethrow_exception(job->error);
+}
+
+std::chrono::milliseconds QtDispatcher::patience() {
+    const auto now = std::chrono::steady_clock::now();
+    if (!turnExpected_) {
+        turnExpected_ = true;
+        lastTurn_ = now;
+        QMetaObject::invokeMethod(
+            &uiThread_, [this] { turnExpected_ = false; }, Qt::QueuedConnection);
+    }
+    const auto deaf = std::chrono::duration_cast<std::chrono::milliseconds>(now - lastTurn_);
+    return std::max(0ms, QuickWork - deaf);
 }
 
 void QtDispatcher::waitFor(Job& job, QEventLoop& loop) {

@@ -8,6 +8,7 @@
 #include <QEventLoop>
 #include <QObject>
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -29,12 +30,16 @@ public:
 
 private:
     struct Job;
+    /// How long to wait without an event loop. Many short works in a row must not add up.
+    std::chrono::milliseconds patience();
     void waitFor(Job& job, QEventLoop& loop);
 
     Gate& gate_;
     InputDiscarder discarder_;
     QObject uiThread_;  ///< the address of posted calls
     std::vector<std::shared_ptr<Job>> cancelled_;
+    bool turnExpected_ = false;  ///< no event loop has turned since lastTurn_
+    std::chrono::steady_clock::time_point lastTurn_;
 };
 
 }  // namespace velt::qt

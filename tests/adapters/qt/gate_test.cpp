@@ -385,6 +385,22 @@ TEST_F(GateTest, TheEndOfTheProgramEndsAWait) {
     EXPECT_THAT(log, ElementsAre("3059", "3059"));
 }
 
+TEST_F(GateTest, ManyShortWorksDoNotMakeTheWindowDeaf) {
+    QTimer heart;
+    QObject::connect(&heart, &QTimer::timeout, note("beat"));
+    heart.start(1);
+    control->operatorInput([this] {
+        log.clear();
+        for (int i = 0; i < 20; ++i)
+            dispatcher.run([](const std::stop_token&) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            });
+        log.emplace_back("end");
+    });
+    EXPECT_TRUE(eventually([this] { return !log.empty() && log.back() == "end"; }));
+    EXPECT_GT(log.size(), 1U);
+}
+
 TEST_F(GateTest, TheHandlerOfASourcesEventBelongsToItsControl) {
     const auto fail = [](const char* text) { return [text] { throw RuntimeError(9, text); }; };
     {
