@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace velt::opcua {
 namespace {
@@ -29,14 +30,27 @@ std::string textOf(const UA_Variant& value) {
     return "";
 }
 
+/// Points to the nodes.
+UA_ReadRequest readRequest(std::vector<UA_ReadValueId>& nodes) {
+    UA_ReadRequest request{};
+    request.nodesToRead = nodes.data();
+    request.nodesToReadSize = nodes.size();
+    request.timestampsToReturn = UA_TIMESTAMPSTORETURN_SERVER;
+    return request;
+}
+
 }  // namespace
 
 void RuntimeLink::open(UA_Client& client) {
     limits_ = readLimits(client);
     runtime_ = findRuntime(client, limits_);
-    // Of a name that occurs twice the first one counts.
-    for (const RuntimeNodes::Station& station : runtime_.stations)
-        byName_.emplace(station.name, &station);
+    for (const RuntimeNodes::Station& station : runtime_.stations) {
+        watched_.push_back({this, station.name, station.stato, std::nullopt, 0});
+        // Of a name that occurs twice the first one counts.
+        byName_.emplace(station.name, &watched_.back());
+    }
+
+    readBeginning(client);
 
     UA_CreateSubscriptionRequest request = UA_CreateSubscriptionRequest_default();
     request.requestedPublishingInterval = Interval;
@@ -48,6 +62,22 @@ void RuntimeLink::open(UA_Client& client) {
     check(response->responseHeader.serviceResult);
     watchErrors(client, response->subscriptionId);
     watchStations(client, response->subscriptionId, limits_);
+}
+
+void RuntimeLink::readBeginning(UA_Client& client) {
+    for (std::size_t i = 0; i < sliceCount(watched_.size(), limits_.read); ++i) {
+        const Slice part = slice(i, watched_.size(), limits_.read);
+        std::vector<UA_ReadValueId> nodes(part.size);
+        for (std::size_t n = 0; n < part.size; ++n) {
+            nodes[n].nodeId = *watched_[part.first + n].stato;
+            nodes[n].attributeId = UA_ATTRIBUTEID_VALUE;
+        }
+        const Owned<UA_ReadResponse, UA_TYPES_READRESPONSE> response(
+            UA_Client_Service_read(&client, readRequest(nodes)));
+        check(response->responseHeader.serviceResult);
+        for (std::size_t n = 0; n < std::min(part.size, response->resultsSize); ++n)
+            take(watched_[part.first + n], response->results[n], false);
+    }
 }
 
 void RuntimeLink::watchErrors(UA_Client& client, UA_UInt32 subscription) {
@@ -88,27 +118,24 @@ void RuntimeLink::watchErrors(UA_Client& client, UA_UInt32 subscription) {
 
 void RuntimeLink::watchStations(UA_Client& client, UA_UInt32 subscription,
                                 const OperationLimits& limits) {
-    const std::size_t count = runtime_.stations.size();
-    watched_.reserve(count);  // their addresses are kept
+    const std::size_t count = watched_.size();
     std::vector<UA_MonitoredItemCreateRequest> items;
     std::vector<void*> contexts;
-    for (const RuntimeNodes::Station& station : runtime_.stations) {
-        watched_.push_back({this, &station});
-        contexts.push_back(&watched_.back());
+    for (Watched& station : watched_) {
+        contexts.push_back(&station);
         items.push_back(UA_MonitoredItemCreateRequest_default(*station.stato));
         items.back().requestedParameters.samplingInterval = Interval;
     }
     std::vector<UA_Client_DataChangeNotificationCallback> callbacks(
         count, [](UA_Client*, UA_UInt32, void*, UA_UInt32, void* context, UA_DataValue* value) {
-            const auto& watched = *static_cast<const Watched*>(context);
-            watched.link->take(watched.station->name, *value);
+            take(*static_cast<Watched*>(context), *value, false);
         });
     std::vector<UA_Client_DeleteMonitoredItemCallback> deletions(count, nullptr);
     for (std::size_t i = 0; i < sliceCount(count, limits.monitor); ++i) {
         const Slice part = slice(i, count, limits.monitor);
         UA_CreateMonitoredItemsRequest request{};
         request.subscriptionId = subscription;
-        request.timestampsToReturn = UA_TIMESTAMPSTORETURN_NEITHER;
+        request.timestampsToReturn = UA_TIMESTAMPSTORETURN_SERVER;
         request.itemsToCreate = items.data() + part.first;
         request.itemsToCreateSize = part.size;
         const Owned<UA_CreateMonitoredItemsResponse, UA_TYPES_CREATEMONITOREDITEMSRESPONSE>
@@ -119,20 +146,28 @@ void RuntimeLink::watchStations(UA_Client& client, UA_UInt32 subscription,
     }
 }
 
-void RuntimeLink::take(const std::string& station, const UA_DataValue& value) {
+void RuntimeLink::take(Watched& station, const UA_DataValue& value, bool asked) {
     // Without a value the last state known stays.
-    if (value.hasValue && UA_Variant_hasScalarType(&value.value, &UA_TYPES[UA_TYPES_INT32]))
-        news_->stato(station, *static_cast<const UA_Int32*>(value.value.data));
+    if (!value.hasValue || !UA_Variant_hasScalarType(&value.value, &UA_TYPES[UA_TYPES_INT32]))
+        return;
+    std::int32_t code = *static_cast<const UA_Int32*>(value.value.data);
+    if (value.hasServerTimestamp) {
+        // What a server does side by side may arrive in another order: the newest counts.
+        if (value.serverTimestamp < station.time) code = station.code.value_or(code);
+        station.time = std::max(station.time, value.serverTimestamp);
+    }
+    const std::optional<std::int32_t> before = std::exchange(station.code, code);
+    // What was not known before is no change.
+    if (asked || (before && before != code)) station.link->news_->stato(station.name, code);
 }
 
 /// Which stations a read under way is about.
 struct RuntimeLink::StateRequest {
-    RuntimeLink* link;
-    std::vector<const RuntimeNodes::Station*> stations;
+    std::vector<Watched*> stations;
 };
 
 void RuntimeLink::requestStates(UA_Client& client, const std::vector<std::string>& names) {
-    std::vector<const RuntimeNodes::Station*> stations;
+    std::vector<Watched*> stations;
     for (const std::string& name : names)
         if (const auto known = byName_.find(name); known != byName_.end())
             stations.push_back(known->second);
@@ -140,21 +175,19 @@ void RuntimeLink::requestStates(UA_Client& client, const std::vector<std::string
         const Slice part = slice(i, stations.size(), limits_.read);
         const auto first = stations.begin() + static_cast<std::ptrdiff_t>(part.first);
         auto request = std::make_unique<StateRequest>(
-            StateRequest{this, {first, first + static_cast<std::ptrdiff_t>(part.size)}});
+            StateRequest{{first, first + static_cast<std::ptrdiff_t>(part.size)}});
         std::vector<UA_ReadValueId> nodes(part.size);
         for (std::size_t n = 0; n < part.size; ++n) {
             nodes[n].nodeId = *request->stations[n]->stato;
             nodes[n].attributeId = UA_ATTRIBUTEID_VALUE;
         }
-        UA_ReadRequest read{};
-        read.nodesToRead = nodes.data();
-        read.nodesToReadSize = nodes.size();
+        const UA_ReadRequest read = readRequest(nodes);
         const auto answered = [](UA_Client*, void* context, UA_UInt32, void* response) {
             const std::unique_ptr<StateRequest> asked(static_cast<StateRequest*>(context));
             const auto& answer = *static_cast<const UA_ReadResponse*>(response);
             // What failed is told to nobody: it would be asked for again at once.
             for (std::size_t n = 0; n < std::min(asked->stations.size(), answer.resultsSize); ++n)
-                asked->link->take(asked->stations[n]->name, answer.results[n]);
+                take(*asked->stations[n], answer.results[n], true);
         };
         if (__UA_Client_AsyncService(&client, &read, &UA_TYPES[UA_TYPES_READREQUEST], answered,
                                      &UA_TYPES[UA_TYPES_READRESPONSE], request.get(),

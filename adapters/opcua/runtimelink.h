@@ -5,7 +5,10 @@
 #include "adapters/opcua/runtimenews.h"
 #include "adapters/opcua/runtimenodes.h"
 
+#include <cstdint>
+#include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -22,7 +25,7 @@ public:
     void open(UA_Client& client);
     [[nodiscard]] const RuntimeNodes& runtime() const { return runtime_; }
 
-    /// Asks for states, which come as news; a station that is not known gives none.
+    /// Asks for states, which come as news, as changes do; a station that is not known gives none.
     void requestStates(UA_Client& client, const std::vector<std::string>& stations);
     /// Calls a method; `station` is its argument unless it is DownloadTutte. Its failure comes as
     /// news. Does not wait.
@@ -31,20 +34,25 @@ public:
 private:
     struct Watched {
         RuntimeLink* link;
-        const RuntimeNodes::Station* station;
+        std::string name;
+        NodeId stato;
+        std::optional<std::int32_t> code;  ///< as last told by the server
+        UA_DateTime time = 0;              ///< of that
     };
     struct StateRequest;
     struct Call;
 
+    /// The states that are not told unless somebody asks, since they are no changes.
+    void readBeginning(UA_Client& client);
     void watchStations(UA_Client& client, UA_UInt32 subscription, const OperationLimits& limits);
     void watchErrors(UA_Client& client, UA_UInt32 subscription);
-    void take(const std::string& station, const UA_DataValue& value);
+    static void take(Watched& station, const UA_DataValue& value, bool asked);
 
     std::shared_ptr<RuntimeNewsQueue> news_;
     RuntimeNodes runtime_;
     OperationLimits limits_;
-    std::vector<Watched> watched_;
-    std::unordered_map<std::string, const RuntimeNodes::Station*> byName_;
+    std::deque<Watched> watched_;  // a deque: the client keeps their addresses
+    std::unordered_map<std::string, Watched*> byName_;
 };
 
 }  // namespace velt::opcua

@@ -94,6 +94,7 @@ void list(RuntimeSession& session) {
 
 void watch(RuntimeSession& session, Clock::time_point end) {
     const Printer printer(session, "");
+    session.waitForStates();
     // Ctrl+C is the usual end, not a failure: what was printed is whole.
     std::signal(SIGINT, [](int) { interrupted = 1; });
     session.listen(end, [] { return interrupted != 0; });

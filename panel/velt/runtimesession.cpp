@@ -63,6 +63,8 @@ bool RuntimeSession::listen(Clock::time_point end, const std::function<bool()>& 
 }
 
 void RuntimeSession::waitForStates() {
+    states_.clear();
+    for (const std::string& station : stations_) client_->RichiediStatoRTU(station);
     (void)listen(Clock::now() + StatesPatience, [this] {
         return std::ranges::all_of(stations_, [this](const auto& name) { return knows(name); });
     });

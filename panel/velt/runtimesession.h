@@ -44,7 +44,8 @@ public:
     /// Takes events until `done` or the time is over; whether it is done. RuntimeError when the
     /// link is lost. `done` is asked after each event, so it sees every state.
     bool listen(Clock::time_point end, const std::function<bool()>& done);
-    /// Until the state of every station is known; those that have none are left out after a while.
+    /// Asks for all states, and waits until they are known; those that have none are left out after
+    /// a while.
     void waitForStates();
     /// An error may come right behind the state that tells the end; RuntimeError when one has come.
     void waitForErrors();

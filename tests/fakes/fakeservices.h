@@ -145,7 +145,10 @@ public:
     Clock& clock() override { return settingsFactory.clock; }
     Dispatcher& dispatcher() override { return inlineDispatcher; }
     const Locale& locale() override { return italian; }
-    RuntimeClientFactory& runtimeClients() override { return runtimes; }
+    RuntimeClientFactory& runtimeClients() override {
+        if (realRuntimes) return *realRuntimes;
+        return runtimes;
+    }
     OPCServerFactory& opcServers() override { return opcFactory; }
 
     FakeSettingsFactory settingsFactory;
@@ -156,6 +159,7 @@ public:
     InlineDispatcher inlineDispatcher;
     Locale italian;
     FakeRuntimeClientFactory runtimes;
+    RuntimeClientFactory* realRuntimes = nullptr;  ///< used instead, when given
     FakeOPCServerFactory opcFactory;
 };
 

@@ -70,7 +70,7 @@ TEST_F(VeltRtuTest, SaysWhyItCannot) {
     server_.reset();
     failed = runVelt({"rtu", "list", endpoint});
     EXPECT_EQ(failed.exitCode, 1);
-    EXPECT_THAT(failed.error, HasSubstr("non accetta la connessione"));
+    EXPECT_THAT(failed.error, HasSubstr("rifiuta la connessione"));
 }
 
 }  // namespace

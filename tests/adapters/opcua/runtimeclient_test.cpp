@@ -40,6 +40,24 @@ TEST_F(RuntimeClientTest, MirrorsTheStationsToEveryPanel) {
     EXPECT_THAT(panel.events, ElementsAre("Connessione"));
 }
 
+TEST_F(RuntimeClientTest, AStateIsToldWhenItChangesOrIsAskedFor) {
+    start({"A", "B"});
+    const auto quiet = factory.create();
+    std::vector<std::string> told;
+    quiet->Stato.subscribe([&](const std::string& station, std::int32_t code) {
+        told.push_back(station + std::to_string(code));
+    });
+    quiet->ConnettiRuntime("Prova", server->endpoint());
+    linkAndWait();
+    ASSERT_TRUE(until([&] { return quiet->RuntimeAttivo(); }));
+    panel.client->ConnettiRTU("B");
+    ASSERT_TRUE(until([&] { return panel.shows("B", 2) && told.size() == 2; }));
+    quiet->RichiediStatoRTU("A");
+    quiet->RichiediStatoRTU("B");
+    ASSERT_TRUE(until([&] { return told.size() == 4; }));
+    EXPECT_THAT(told, ElementsAre("B1", "B2", "A0", "B2"));
+}
+
 TEST_F(RuntimeClientTest, ConnectingAgainToTheSameHostDoesNothing) {
     start({"A"});
     for (int i = 0; i < 5; ++i) link(server->endpoint());
@@ -185,7 +203,8 @@ TEST_F(RuntimeClientTest, PassesOnTheStateOfAStationThatIsNotListed) {
     startWith(std::move(options));
     linkAndWait();
     EXPECT_EQ(panel.client->ElencoRTU(), Names({"A"}));
-    EXPECT_TRUE(until([&] { return panel.shows("A", 0) && panel.shows("B", 0); }));
+    panel.client->ConnettiRTU("B");
+    EXPECT_TRUE(until([&] { return panel.shows("B", 1); }));
 }
 
 TEST_F(RuntimeClientTest, SaysWhenTheRuntimeHasNothingToOffer) {

@@ -23,7 +23,12 @@ using namespace std::chrono_literals;
 /// A runtime client with a record of what it raised.
 struct Panel {
     explicit Panel(std::shared_ptr<RuntimeClient> made) : client(std::move(made)) {
-        client->Connessione.subscribe([this] { note("Connessione"); });
+        client->Connessione.subscribe([this] {
+            note("Connessione");
+            // As a control does it.
+            for (const std::string& station : client->ElencoRTU())
+                client->RichiediStatoRTU(station);
+        });
         client->Disconnessione.subscribe([this] { note("Disconnessione"); });
         client->ConnectionError.subscribe(
             [this](std::int32_t code) { note("ConnectionError " + std::to_string(code)); });

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/opcua/runtimeclientfactory.h"
+#include "demo/serverport.h"
+#include "platform/queueddispatcher.h"
+#include "tests/adapters/opcua/runtimeserver.h"
+#include "tests/connviewer/connviewerfixture.h"
+
+#include <gmock/gmock.h>
+
+namespace velt {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::IsEmpty;
+using Names = std::vector<std::string>;
+
+const Names Eight = {"RTU01", "RTU02", "RTU03", "RTU04", "RTU05", "RTU06", "RTU07", "RTU08"};
+
+class ConnViewerRuntimeTest : public ConnViewerFixture {
+protected:
+    ConnViewerRuntimeTest() {
+        services.realRuntimes = &factory;
+        services.settingsFactory.files["VeltRTU.ini"]["Common"]["Hostname"] =
+            "opc.tcp://127.0.0.1:" + std::to_string(port);
+    }
+    ~ConnViewerRuntimeTest() override { viewer.reset(); }
+
+    void startRuntime() {
+        opcua::test::RuntimeServerOptions options;
+        options.runtime = opcua::test::quickRuntime(Eight);
+        options.server.port = port;
+        options.server.shutdownNotice = 0ms;
+        server = opcua::test::startRuntime(std::move(options));
+    }
+
+    /// Lets time pass until `done`; errors that leave a handler are kept.
+    bool until(const std::function<bool()>& done) {
+        const auto end = std::chrono::steady_clock::now() + 15s;
+        while (!done()) {
+            if (std::chrono::steady_clock::now() > end) return false;
+            try {
+                (void)dispatcher.runUntil(done, std::chrono::steady_clock::now() + 50ms);
+            } catch (const RuntimeError& error) {
+                errors.push_back(error.Number());
+            }
+            t.fire();
+        }
+        return true;
+    }
+
+    const std::uint16_t port = demo::freePort();
+    QueuedDispatcher dispatcher;
+    opcua::OpcUaRuntimeClientFactory factory{dispatcher};
+    std::unique_ptr<demo::OpcServer> server;
+    std::vector<int> errors;
+};
+
+TEST_F(ConnViewerRuntimeTest, DialsDownloadsAndHangsUp) {
+    startRuntime();
+    start();
+    ASSERT_TRUE(until([this] { return listed() == Eight; }));
+    EXPECT_EQ(lblProgetto.Caption(), "Acquedotto dimostrativo");
+    lvVRX.select(3);
+    const auto shows = [this](const char* text) {
+        return until([this, text] { return lblStato.Caption() == text; });
+    };
+    ASSERT_TRUE(shows("Disconnesso"));
+    cmdConnetti.click();
+    ASSERT_TRUE(shows("Connesso"));
+    cmdDownload.click();
+    ASSERT_TRUE(shows("Downloading"));
+    ASSERT_TRUE(shows("Connesso"));
+    cmdDisconnetti.click();
+    ASSERT_TRUE(shows("Disconnesso"));
+    EXPECT_THAT(errors, IsEmpty());
+    viewer->Terminate();
+    viewer->Terminate();
+}
+
+TEST_F(ConnViewerRuntimeTest, ARuntimeThatComesBackFillsTheListAtTheFourthTime) {
+    startRuntime();
+    start();
+    ASSERT_TRUE(until([this] { return listed() == Eight; }));
+    for (int time = 1; time <= 4; ++time) {
+        server.reset();
+        ASSERT_TRUE(until([this] { return t.Enabled(); }));
+        EXPECT_EQ(lblLog.Caption(), "Runtime non attivo!!");
+        errors.clear();
+        startRuntime();
+        ASSERT_TRUE(until([this] { return !t.Enabled(); }));
+        ASSERT_TRUE(until([&] { return time == 4 ? listed() == Eight : !errors.empty(); }));
+        if (time < 4) {
+            EXPECT_THAT(errors, testing::ElementsAre(9));
+            EXPECT_THAT(listed(), IsEmpty());
+        }
+    }
+    EXPECT_EQ(lblLog.Caption(), "");
+}
+
+}  // namespace
+}  // namespace velt
