@@ -41,8 +41,9 @@ TEST(Conversions, ReadsNumbersByTheLocale) {
 TEST(Conversions, RefusesWhatIsNoNumber) {
     // A misplaced group sign most of all: it must not turn into another number.
     for (const char* text :
-         {"", " ", "abc", "12.5", "1.2345", "1234.567", "1..234", ".123", "1.234.", "1,2,3",
-          "1,5.000", "--1", "1e", "1e+", "0x10", "1 2", "12a", "inf", "nan"})
+         {"",       " ",    "abc",    "12.5",  "1.2345",  "1.2345.678", "1234.567",
+          "1..234", ".123", "1.234.", "1,2,3", "1,5.000", "--1",        "1e",
+          "1e+",    "0x10", "1 2",    "12a",   "inf",     "nan"})
         EXPECT_EQ(errorOf([&] { (void)toDouble(text, Italian); }), Mismatch) << text;
     EXPECT_EQ(errorOf([] { (void)toDouble("1e400", Italian); }), Overflow);
     EXPECT_EQ(errorOf([] { (void)toSingle("1e39", Italian); }), Overflow);

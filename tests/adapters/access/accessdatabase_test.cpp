@@ -93,7 +93,8 @@ TEST_F(Database, FilesThatCannotBeUsed) {
         {"", ErrorNumber::FileNotFound},
     };
     for (const auto& [path, number] : cases) {
-        const RuntimeError error = raisedBy([&] { static_cast<void>(connect(path)); });
+        const RuntimeError error =
+            raisedBy([&, &file = path] { static_cast<void>(connect(file)); });
         EXPECT_TRUE(error.is(number)) << path << ": " << error.Number();
         EXPECT_THAT(error.Description(), HasSubstr(path));
     }

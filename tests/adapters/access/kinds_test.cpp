@@ -20,9 +20,9 @@ TEST(Kinds, ComeAsTheyAreStored) {
                                             0x88, 0x99, 0xAA, 0xBB, 0xCC, 0xDD, 0xEE, 0xFF};
     const std::string memo(10'000, 'm');
     struct Kind {
-        const char* name;
-        ColumnType type;
-        FieldType kind;
+        const char* name = "";
+        ColumnType type{};
+        FieldType kind{};
         Variant stored;
         Variant read = stored;
     };
