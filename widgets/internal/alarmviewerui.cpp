@@ -2,10 +2,10 @@
 #include "widgets/internal/alarmviewerui.h"
 
 #include "widgets/internal/facemaking.h"
+#include "widgets/internal/pickers.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
-#include <QLocale>
 
 namespace velt::ui {
 namespace {
@@ -20,35 +20,17 @@ QPushButton* wideButton(QPushButton* button) {
     return plainButton(button);
 }
 
-QDateTimeEdit* picker(const char* name, const char* format, const char* accessibleName) {
-    auto* edit = make<QDateTimeEdit>(name);
-    edit->setLocale(QLocale(QLocale::Italian, QLocale::Italy));
-    edit->setDisplayFormat(QLatin1String(format));
-    edit->setAccessibleName(QLatin1String(accessibleName));
-    return edit;
-}
-
-QDateTimeEdit* datePicker(const char* name, const char* accessibleName) {
-    QDateTimeEdit* edit = picker(name, "dd/MM/yyyy", accessibleName);
-    edit->setCalendarPopup(true);
-    return edit;
-}
-
-QDateTimeEdit* timePicker(const char* name, const char* accessibleName) {
-    return picker(name, "HH.mm", accessibleName);
-}
-
 }  // namespace
 
 AlarmViewerUi::AlarmViewerUi(QWidget* face)
     : control(face),
       frmAllarme(make<QGroupBox>("frmAllarme", QStringLiteral(" Allarme "))),
       chkDataIniziale(make<QCheckBox>("chkDataIniziale", QStringLiteral("Data iniziale"))),
-      DataIniziale(datePicker("DataIniziale", "Data iniziale")),
-      TimeIniziale(timePicker("TimeIniziale", "Ora iniziale")),
+      DataIniziale(makeDatePicker("DataIniziale", "Data iniziale")),
+      TimeIniziale(makeTimePicker("TimeIniziale", "Ora iniziale")),
       chkDataFinale(make<QCheckBox>("chkDataFinale", QStringLiteral("Data finale"))),
-      DataFinale(datePicker("DataFinale", "Data finale")),
-      TimeFinale(timePicker("TimeFinale", "Ora finale")),
+      DataFinale(makeDatePicker("DataFinale", "Data finale")),
+      TimeFinale(makeTimePicker("TimeFinale", "Ora finale")),
       chkAllarme(make<QCheckBox>("chkAllarme", QStringLiteral("Abilita condizione"))),
       cmbAllarme(make<QComboBox>("cmbAllarme")),
       lvVRX(make<QTableView>("lvVRX")),

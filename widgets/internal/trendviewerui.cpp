@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/internal/trendviewerui.h"
 
+#include "widgets/internal/elidedlabel.h"
 #include "widgets/internal/facemaking.h"
 #include "widgets/internal/pickers.h"
 
@@ -48,7 +49,7 @@ TrendPenUi makePen(int pen) {
     ui.marker->setToolTip(QStringLiteral("La penna è visibile"));
     ui.cmbTrend = list(named("cmbTrend", pen).constData(),
                        QStringLiteral("Trend della penna %1").arg(number), TrendChars);
-    ui.lblDesc = make<QLabel>(named("lblDesc", pen).constData());
+    ui.lblDesc = make<ElidedLabel>(named("lblDesc", pen).constData());
     ui.lblDesc->setTextFormat(Qt::PlainText);
     ui.lblDesc->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ui.lblUdm = make<QLabel>(named("lblUdm", pen).constData());
