@@ -68,6 +68,12 @@ TEST_P(RoundTrip, KeepsRowsOfEveryLength) {
     Writer writer = Writer::create(file(), GetParam());
     writeTable(writer, "T", columns, rows);
     expectRows(Database::open(file())->table("T"), columns, rows);
+
+    // More short rows than a row's number can count in a page.
+    rows.assign(600, Row{true});
+    writeTable(writer, "Corta", {{"V", ColumnType::Boolean}}, rows);
+    Cursor cursor(Database::open(file())->table("Corta"));
+    while (cursor.next()) EXPECT_LT(cursor.rowId().row, 255);
 }
 
 TEST_P(RoundTrip, GoesOnWithAnExistingFile) {
