@@ -22,7 +22,9 @@ using SteadyClock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 inline constexpr auto Beat = std::chrono::milliseconds(10);
-inline double since(SteadyClock::time_point start) { return Milliseconds(SteadyClock::now() - start).count(); }
+inline double since(SteadyClock::time_point start) {
+    return Milliseconds(SteadyClock::now() - start).count();
+}
 
 inline double median(std::vector<double> values) {
     std::ranges::sort(values);

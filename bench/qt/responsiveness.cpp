@@ -106,7 +106,8 @@ void measureViewer(Heart& heart, const QString& file) {
             start = SteadyClock::now();
             viewer.Terminate();
         });
-        waitFor([&] { return start != SteadyClock::time_point() && grid->model()->rowCount() == 0; });
+        waitFor(
+            [&] { return start != SteadyClock::time_point() && grid->model()->rowCount() == 0; });
         terminations.push_back(since(start));
         refresh->click();
         waitFor([&] { return grid->model()->rowCount() > 0; });

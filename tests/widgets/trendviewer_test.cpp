@@ -53,7 +53,7 @@ TEST_F(TrendViewerFaceTest, EveryInputHasANameAndIsReachedByTab) {
 }
 
 TEST_F(TrendViewerFaceTest, SetTrendIsAppliedAfterTheFirstShow) {
-    viewer.SetTrend("RTU01", "Livello", "Pompa", "gibt es nicht", "",
+    viewer.SetTrend("RTU01", "Livello", "Pompa", "sconosciuto", "",
                     QDateTime(QDate(2006, 3, 14), QTime(10, 0)), 6);
     start();
     ASSERT_TRUE(eventually([&] { return combo("cmbTrend1")->currentText() == "Pompa"; }));
