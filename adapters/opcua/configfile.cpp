@@ -9,6 +9,8 @@
 namespace velt::opcua {
 namespace {
 
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";  // of editors that write one
+
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r";
     const std::size_t first = text.find_first_not_of(blanks);
@@ -53,12 +55,17 @@ ConfigFile readConfigFile(const std::string& path) {
     ConfigFile file;
     file.pkiFolder = "pki";
     bool inSection = false;
+    bool hasSection = false;
     std::string raw;
     for (int number = 1; std::getline(stream, raw); ++number) {
-        const std::string_view line = trimmed(raw);
+        std::string_view line = raw;
+        if (number == 1 && line.starts_with(ByteOrderMark))
+            line.remove_prefix(ByteOrderMark.size());
+        line = trimmed(line);
         if (line.empty() || line.front() == ';' || line.front() == '#') continue;
         if (line.front() == '[') {
             inSection = line == "[OPC]";
+            hasSection = hasSection || inSection;
             continue;
         }
         if (!inSection) continue;
@@ -68,6 +75,10 @@ ConfigFile readConfigFile(const std::string& path) {
             throw RuntimeError(ErrorNumber::InvalidCall,
                                path + ", riga " + std::to_string(number) + ": non compresa");
     }
+    // Who names a file wants what it says: without its section it would mean no security at all.
+    if (stream.bad() || !hasSection)
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           path + ": illeggibile, o senza la sezione [OPC]");
     if (file.security == ConfigFile::Security::None && !file.user.empty())
         throw RuntimeError(ErrorNumber::InvalidCall,
                            path +

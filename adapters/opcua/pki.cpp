@@ -32,10 +32,14 @@ constexpr int MaxRejected = 100;
 
 std::optional<std::string> contents(const fs::path& path) {
     std::error_code error;
-    if (!fs::exists(path, error)) return std::nullopt;
+    const fs::file_status status = fs::status(path, error);
+    if (!fs::exists(status)) return std::nullopt;
+    // A folder cannot be read, and a pipe would be waited for without end.
+    const std::uintmax_t size = fs::is_regular_file(status) ? fs::file_size(path, error) : 0;
+    if (error || size == 0 || size > MaxFile) unusable(path);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
     std::ifstream stream(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    if (!stream || bytes.empty() || bytes.size() > MaxFile) unusable(path);
+    if (!stream.read(bytes.data(), static_cast<std::streamsize>(size))) unusable(path);
     return bytes;
 }
 
@@ -116,9 +120,10 @@ OwnCertificate Pki::own() const {
 std::vector<std::string> Pki::files(const char* name, const char* ending) const {
     std::vector<std::string> all;
     std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder_ / name, error))
-        if (entry.path().extension() == ending)
-            if (auto bytes = contents(entry.path())) all.push_back(std::move(*bytes));
+    fs::directory_iterator entry(folder_ / name, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error))
+        if (entry->path().extension() == ending)
+            if (auto bytes = contents(entry->path())) all.push_back(std::move(*bytes));
     if (error) unusable(folder_ / name);
     return all;
 }

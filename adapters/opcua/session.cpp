@@ -95,6 +95,8 @@ std::shared_ptr<Session> Session::open(std::string endpoint,
                 failure = Failure{error.Number(), error.Description()};
             } catch (const std::bad_alloc&) {
                 failure = Failure{static_cast<int>(ErrorNumber::Overflow), "Memoria insufficiente"};
+            } catch (const std::exception& error) {
+                failure = Failure{0, error.what()};  // whatever it is, it must not end the program
             }
             const bool stood = core->stood();
             core->end(failure);

@@ -53,6 +53,12 @@ TEST(ConfigFileTest, TakesWhatItKnowsAndNothingElse) {
         EXPECT_THROW((void)readConfigFile(path), RuntimeError) << wrong;
     }
     EXPECT_THROW((void)readConfigFile((folder / "manca.ini").string()), RuntimeError);
+    // What cannot be read, or says nothing to us, must not mean "no security".
+    EXPECT_THROW((void)readConfigFile(folder.path().string()), RuntimeError);
+    test::writeBytes(path, "[Opc]\nSecurity=Sign\n");
+    EXPECT_THROW((void)readConfigFile(path), RuntimeError);
+    test::writeBytes(path, "\xEF\xBB\xBF[OPC]\nSecurity=Sign\n");
+    EXPECT_EQ(readConfigFile(path).security, ConfigFile::Security::Sign);
 }
 
 TEST(PkiTest, MakesACertificateOnce) {
@@ -64,6 +70,8 @@ TEST(PkiTest, MakesACertificateOnce) {
     const auto mode = std::filesystem::status(folder / "pki/own/key.der").permissions();
     EXPECT_EQ(static_cast<unsigned>(mode), 0600U);
     EXPECT_TRUE(pki.trusted().empty());
+    std::filesystem::create_directory(folder / "pki/trusted/cartella.der");
+    EXPECT_THROW((void)pki.trusted(), RuntimeError) << "a folder is no certificate";
     // Half a pair is not made whole by a new one: the old one may be known to servers.
     std::filesystem::remove(folder / "pki/own/key.der");
     EXPECT_THROW((void)pki.own(), RuntimeError);
