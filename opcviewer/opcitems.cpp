@@ -22,7 +22,9 @@ std::string rowKey(std::int32_t clientHandle) { return "I" + std::to_string(clie
 /// Only a hint: without it the items are added one by one.
 class Expectation {
 public:
-    Expectation(OPCItems& items, const std::vector<std::string>& itemIDs) : items_(items) {
+    explicit Expectation(OPCItems& items) : items_(items) {}
+    /// Raises when it is cancelled; what is known by then is taken back as well.
+    void announce(const std::vector<std::string>& itemIDs) {
         skipFailure([&] { items_.ExpectItems(itemIDs); });
     }
     ~Expectation() {
@@ -71,7 +73,7 @@ void OPCViewer::AggiungiVariabiliRTU(const std::string& rtu) {
     const std::vector<std::string> ids = itemIDs(rtu);
     const std::shared_ptr<OPCGroup> group = GruppoOPC_;
     std::optional<Expectation> expectation;
-    if (group) expectation.emplace(group->OPCItems(), ids);
+    if (group) expectation.emplace(group->OPCItems()).announce(ids);
     for (const std::string& id : ids) {
         // Never skipped: without a number of its own an item cannot be told from the others.
         const std::int32_t handle = handles_.ProssimoHandle();

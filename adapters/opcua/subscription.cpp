@@ -74,30 +74,38 @@ std::vector<UA_StatusCode> Subscription::create(UA_Client& client, const Operati
         feed_->expect(wanted[i].key);
     }
     std::vector<UA_StatusCode> results(wanted.size(), UA_STATUSCODE_BADUNEXPECTEDERROR);
-    exchange(
-        client, sliceCount(wanted.size(), limits.monitor),
-        [&](std::size_t number, UA_ClientAsyncServiceCallback callback, void* context) {
-            const Slice part = slice(number, wanted.size(), limits.monitor);
-            UA_CreateMonitoredItemsRequest request{};
-            request.subscriptionId = id_;
-            request.timestampsToReturn = UA_TIMESTAMPSTORETURN_BOTH;
-            request.itemsToCreate = items.data() + part.first;
-            request.itemsToCreateSize = part.size;
-            return UA_Client_MonitoredItems_createDataChanges_async(
-                &client, request, contexts.data() + part.first, callbacks.data() + part.first,
-                deletions.data() + part.first, callback, context, nullptr);
-        },
-        [&](std::size_t number, void* response) {
-            const Slice part = slice(number, wanted.size(), limits.monitor);
-            const auto& answer = *static_cast<const UA_CreateMonitoredItemsResponse*>(response);
-            for (std::size_t i = 0; i < std::min(part.size, answer.resultsSize); ++i) {
-                const std::size_t item = part.first + i;
-                results[item] = answer.results[i].statusCode;
-                if (!UA_StatusCode_isBad(results[item]))
-                    items_[wanted[item].key] = answer.results[i].monitoredItemId;
-            }
-        },
-        stop);
+    try {
+        exchange(
+            client, sliceCount(wanted.size(), limits.monitor),
+            [&](std::size_t number, UA_ClientAsyncServiceCallback callback, void* context) {
+                const Slice part = slice(number, wanted.size(), limits.monitor);
+                UA_CreateMonitoredItemsRequest request{};
+                request.subscriptionId = id_;
+                request.timestampsToReturn = UA_TIMESTAMPSTORETURN_BOTH;
+                request.itemsToCreate = items.data() + part.first;
+                request.itemsToCreateSize = part.size;
+                return UA_Client_MonitoredItems_createDataChanges_async(
+                    &client, request, contexts.data() + part.first, callbacks.data() + part.first,
+                    deletions.data() + part.first, callback, context, nullptr);
+            },
+            [&](std::size_t number, void* response) {
+                const Slice part = slice(number, wanted.size(), limits.monitor);
+                const auto& answer = *static_cast<const UA_CreateMonitoredItemsResponse*>(response);
+                for (std::size_t i = 0; i < std::min(part.size, answer.resultsSize); ++i) {
+                    const std::size_t item = part.first + i;
+                    results[item] = answer.results[i].statusCode;
+                    if (!UA_StatusCode_isBad(results[item]))
+                        items_[wanted[item].key] = answer.results[i].monitoredItemId;
+                }
+            },
+            stop);
+    } catch (const RuntimeError&) {
+        std::vector<Feed::Key> all;
+        for (const Wanted& item : wanted) all.push_back(item.key);
+        feed_->forget(all);
+        remove(client, limits, all);
+        throw;
+    }
     std::vector<Feed::Key> refused;
     for (std::size_t i = 0; i < wanted.size(); ++i)
         if (UA_StatusCode_isBad(results[i])) refused.push_back(wanted[i].key);

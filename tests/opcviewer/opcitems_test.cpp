@@ -110,7 +110,8 @@ TEST_F(OPCItemsTest, ACancelledStepEndsTheRefresh) {
     for (const std::string& step : steps) {
         plant().failures = {{step, RuntimeError(ErrorNumber::Cancelled)}};
         EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError) << step;
-        EXPECT_EQ(plant().log.back(), step);
+        const bool isHint = step.starts_with("ExpectItems");  // taken back, or it would be answered
+        EXPECT_EQ(plant().log.back(), isHint ? "ExpectationsDone" : step);
         EXPECT_EQ(lvItem.Count(), 0) << step;
     }
     plant().failures = {{"AddItem RTU01.Rotto 2", RuntimeError(ErrorNumber::Cancelled)}};
