@@ -7,8 +7,11 @@ namespace velt::opcua {
 
 void OpcUaItem::Write(const Variant& value) {
     const auto converted = std::make_shared<OwnedVariant>(toUa(value, identity_.type));
-    const UA_StatusCode status = connection_->wait(
-        [node = identity_.node, converted](UA_Client& client, ThreadSide&, std::stop_token) {
+    const UA_StatusCode status =
+        connection_->wait([node = identity_.node, converted](UA_Client& client, ThreadSide&,
+                                                             const std::stop_token& stop) {
+            // Cancelled while it waited for its turn: it must not happen later on.
+            if (stop.stop_requested()) return UA_STATUSCODE_BADREQUESTCANCELLEDBYCLIENT;
             // The value alone: many servers refuse a status or time stamps from a client.
             UA_WriteValue write{};
             write.nodeId = *node;

@@ -2,6 +2,7 @@
 // Servers that die, hang, lie or are not there.
 #include "adapters/opcua/addressspace.h"
 #include "adapters/opcua/connection.h"
+#include "adapters/opcua/opcuaitem.h"
 #include "tests/adapters/opcua/serverfixture.h"
 #include "tests/adapters/opcua/serverprocess.h"
 #include "tests/errorof.h"
@@ -17,8 +18,10 @@
 #include <cmath>
 #include <csignal>
 #include <filesystem>
+#include <future>
 #include <optional>
 #include <thread>
+#include <utility>
 
 namespace velt::opcua::test {
 namespace {
@@ -220,8 +223,10 @@ TEST_F(FaultsTest, ConnectingToWhatIsNoServerEnds) {
 /// As a window whose operator presses "Annulla" at once.
 class CancellingDispatcher final : public Dispatcher {
 public:
-    ~CancellingDispatcher() override {
-        for (std::thread& work : works_) work.join();
+    ~CancellingDispatcher() override { join(); }
+    /// Waits until what was cancelled has ended.
+    void join() {
+        for (std::thread& work : std::exchange(works_, {})) work.join();
     }
     void run(std::function<void(std::stop_token)> work) override {
         works_.emplace_back([work = std::move(work), stop = stop_.get_token()] {
@@ -271,6 +276,25 @@ TEST_F(FaultsTest, CancelledWaitsLeaveNothingBehind) {
     }),
               1U);
     EXPECT_THAT(add(ids), SizeIs(2));
+}
+
+TEST_F(FaultsTest, AWriteCancelledBeforeItsTurnNeverHappens) {
+    TestServer server(
+        [](Builder& build) { build.variable("Soglia", Builder::objects(), 1.0, true); });
+    CancellingDispatcher window;
+    const auto session = Session::open(server.endpoint(), clientSetup({}, "").configure, {});
+    session->waitUntilActive();
+    const auto connection =
+        std::make_shared<Connection>(window, session, std::make_shared<ThreadSide>());
+    OpcUaItem item({"Soglia", Builder::named("Soglia"), {}, 1, 1}, connection);
+
+    std::promise<void> answer;  // the session is busy with a server that takes its time
+    session->post([waiting = answer.get_future().share()](UA_Client&) { waiting.wait(); });
+    EXPECT_EQ(errorOf([&] { item.Write(2.0); }), ErrorNumber::Cancelled);
+    answer.set_value();
+    window.join();
+    server.run(
+        [](Builder& build) { EXPECT_EQ(build.read(Builder::named("Soglia")), Variant(1.0)); });
 }
 
 TEST_F(FaultsTest, ManyDeathsLeaveNothingBehind) {
