@@ -46,6 +46,7 @@ SessionThread::~SessionThread() {
     if (!client_) return;
     UA_ClientConfig* const config = UA_Client_getConfig(client_.get());
     config->stateCallback = nullptr;
+    config->subscriptionInactivityCallback = nullptr;
     config->timeout = LeaveTime;
     // Who does not answer is not asked for a leave that would have to be waited for.
     if (standing_ && !mute_)
@@ -88,6 +89,10 @@ void SessionThread::attempt(const std::string& endpoint,
     }
     config.clientContext = this;
     config.stateCallback = stateChanged;
+    // A server that answers but sends no news is lost as well: its old values would look live.
+    config.subscriptionInactivityCallback = [](UA_Client* client, UA_UInt32, void*) {
+        static_cast<SessionThread*>(UA_Client_getContext(client))->mute_ = true;
+    };
     config.timeout = ServiceTime;
     client_.reset(UA_Client_newWithConfig(&config));
     if (!client_) {
@@ -123,7 +128,10 @@ void SessionThread::listen() {
 void SessionThread::run(const std::function<Commands()>& takeCommands,
                         const std::function<void()>& turn) {
     while (!stop_.stop_requested()) {
-        for (const auto& command : takeCommands()) {
+        const Commands commands = takeCommands();
+        // A server that hangs in the middle of them is noticed no later than otherwise.
+        if (!commands.empty()) ping(0s);
+        for (const auto& command : commands) {
             try {
                 command(*client_);
             } catch (const RuntimeError&) {
@@ -132,7 +140,7 @@ void SessionThread::run(const std::function<Commands()>& takeCommands,
         }
         listen();
         if (turn) turn();
-        ping();
+        ping(PingInterval);
         if (shuttingDown_) throw statusError(UA_STATUSCODE_BADSHUTDOWN);
         if (mute_) throw statusError(UA_STATUSCODE_BADTIMEOUT);
         if (!standing_) throw statusError(UA_STATUSCODE_BADCONNECTIONCLOSED);
@@ -140,13 +148,13 @@ void SessionThread::run(const std::function<Commands()>& takeCommands,
     }
 }
 
-void SessionThread::ping() {
+void SessionThread::ping(Clock::duration interval) {
     const auto now = Clock::now();
     if (pingPending_) {
-        mute_ = now - pingTime_ > PingPatience;
+        if (now - pingTime_ > PingPatience) mute_ = true;
         return;
     }
-    if (now - pingTime_ < PingInterval) return;
+    if (now - pingTime_ < interval) return;
     std::array<UA_ReadValueId, 2> nodes{};
     nodes[0].nodeId = UA_NODEID_NUMERIC(0, UA_NS0ID_SERVER_SERVERSTATUS_STATE);
     nodes[1].nodeId = UA_NODEID_NUMERIC(0, UA_NS0ID_SERVER_SERVERSTATUS_SECONDSTILLSHUTDOWN);

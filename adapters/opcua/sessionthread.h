@@ -45,8 +45,9 @@ private:
                              UA_SessionState session, UA_StatusCode connectStatus);
     static void pinged(UA_Client* client, void* self, UA_UInt32 requestId, void* response);
     void listen();
-    /// Asks the server for its state, once a second; this is also how its silence is noticed.
-    void ping();
+    /// Asks the server for its state unless that was done within `interval` or has not been
+    /// answered; this is also how its silence is noticed.
+    void ping(Clock::duration interval);
 
     std::stop_token stop_;
     std::unique_ptr<UA_Client, Deleter> client_;
