@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -16,6 +17,8 @@ namespace {
 
 constexpr std::int32_t NotRunning = 0;
 constexpr std::int32_t NothingConfigured = 1;
+/// News that take longer to handle let others have their turn: a runtime may tell without end.
+constexpr auto Turn = std::chrono::milliseconds(30);
 
 }  // namespace
 
@@ -184,9 +187,16 @@ void OpcUaRuntimeClient::log(const std::string& reason) {
 }
 
 void OpcUaRuntimeClient::deliver(const std::shared_ptr<Attempt>& attempt) {
+    const auto again = [this, &attempt] {
+        mailbox_->post([weak = weak_from_this(), attempt] {
+            if (const auto self = weak.lock()) self->deliver(attempt);
+        });
+    };
+    const auto end = std::chrono::steady_clock::now() + Turn;
     try {
         // A handler may close the link, or open another one.
         while (attempt == attempt_ && state_ == State::Linked) {
+            if (std::chrono::steady_clock::now() > end) return again();
             const std::optional<RuntimeNews> news = attempt->news->take();
             if (!news) return;
             if (news->kind == RuntimeNews::Kind::Stato)
@@ -195,10 +205,7 @@ void OpcUaRuntimeClient::deliver(const std::shared_ptr<Attempt>& attempt) {
                 Errore.raise(news->message, news->station);
         }
     } catch (...) {
-        // The handler's error is its own; the other news go on.
-        mailbox_->post([weak = weak_from_this(), attempt] {
-            if (const auto self = weak.lock()) self->deliver(attempt);
-        });
+        again();  // the handler's error is its own; the other news go on
         throw;
     }
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 #include <utility>
 
 namespace velt::opcua {
@@ -168,8 +169,10 @@ struct RuntimeLink::StateRequest {
 
 void RuntimeLink::requestStates(UA_Client& client, const std::vector<std::string>& names) {
     std::vector<Watched*> stations;
+    std::unordered_set<Watched*> unique;  // errors in a row each ask for all
     for (const std::string& name : names)
-        if (const auto known = byName_.find(name); known != byName_.end())
+        if (const auto known = byName_.find(name);
+            known != byName_.end() && unique.insert(known->second).second)
             stations.push_back(known->second);
     for (std::size_t i = 0; i < sliceCount(stations.size(), limits_.read); ++i) {
         const Slice part = slice(i, stations.size(), limits_.read);
