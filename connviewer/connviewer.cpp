@@ -99,6 +99,7 @@ void ConnViewer::t_Timer() {
 void ConnViewer::client_ConnectionError(std::int32_t code) {
     if (code == 0) ScriviLog(RuntimeIsDown);
     if (code == 1) ScriviLog("Runtime senza progetto o con nessuna RTU configurata!!");
+    dimenticaStati();
     form_.t.Enabled(true);
 }
 
@@ -127,10 +128,13 @@ void ConnViewer::ricostruisciElenco() {
 
 void ConnViewer::client_Disconnessione() {
     ScriviLog(RuntimeIsDown);
-    // Nobody knows the lines' states any more.
-    for (int row = 1; row <= form_.lvVRX.Count(); ++row) form_.lvVRXIcons.Icon(row, NoIcon);
+    dimenticaStati();
     AggiornaStatoRTU();
     form_.t.Enabled(true);
+}
+
+void ConnViewer::dimenticaStati() {
+    for (int row = 1; row <= form_.lvVRX.Count(); ++row) form_.lvVRXIcons.Icon(row, NoIcon);
 }
 
 void ConnViewer::client_Errore(const std::string& message, const std::string& station) {

@@ -64,6 +64,8 @@ private:
     void AggiornaStatoRTU();
     void AggiornaTutteRTU();
     void ricostruisciElenco();
+    /// Without a link nobody knows the lines' states: their icons go.
+    void dimenticaStati();
     void ScriviLog(const std::string& text) { form_.lblLog.Caption(text); }
 
     void t_Timer();
