@@ -20,6 +20,7 @@ constexpr UA_UInt32 MaxNotificationsPerPublish = 20'000;
 constexpr UA_UInt32 KeepAlive = 50;
 constexpr UA_UInt32 Lifetime = 5'000;
 constexpr UA_UInt32 EventQueue = 100;
+constexpr std::int64_t MostLateness = 6;  // s; no answer takes longer
 
 enum ErrorField { Message, Stazione, ErrorFields };
 
@@ -153,9 +154,14 @@ void RuntimeLink::take(Watched& station, const UA_DataValue& value, bool asked) 
         return;
     std::int32_t code = *static_cast<const UA_Int32*>(value.value.data);
     if (value.hasServerTimestamp) {
-        // What a server does side by side may arrive in another order: the newest counts.
-        if (value.serverTimestamp < station.time) code = station.code.value_or(code);
-        station.time = std::max(station.time, value.serverTimestamp);
+        // What a server does side by side may arrive in another order: the newest counts. What
+        // seems much older is not: the server's clock has been set back.
+        const auto seconds = [](UA_DateTime time) { return time / UA_DATETIME_SEC; };
+        if (value.serverTimestamp < station.time &&
+            seconds(station.time) - seconds(value.serverTimestamp) < MostLateness)
+            code = station.code.value_or(code);
+        else
+            station.time = value.serverTimestamp;
     }
     const std::optional<std::int32_t> before = std::exchange(station.code, code);
     // What was not known before is no change.
