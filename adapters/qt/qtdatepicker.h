@@ -10,7 +10,8 @@
 namespace velt::qt {
 
 /// Keeps its value when the editor is gone. The editor's display format says which part of the
-/// value it shows.
+/// value it shows. What is typed counts once it is complete: with Enter, with the focus leaving, or
+/// with a shortcut.
 class QtDatePicker final : public DatePicker {
 public:
     QtDatePicker(GatedControl& control, QDateTimeEdit* edit);

@@ -197,6 +197,7 @@ TEST_F(AlarmViewerFaceTest, TheFiltersMakeTheQuery) {
     QTest::keyClick(list, Qt::Key_Space);
     QTest::mouseClick(child<QCheckBox>("chkDataIniziale"), Qt::LeftButton, {}, QPoint(8, 8));
     auto* time = child<QDateTimeEdit>("TimeIniziale");
+    time->setFocus();
     time->setSelectedSection(QDateTimeEdit::HourSection);
     QTest::keyClicks(time, "0730");
     settle();

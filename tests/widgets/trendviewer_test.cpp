@@ -165,6 +165,22 @@ TEST_F(TrendViewerFaceTest, WhatTheOperatorChoseComesBack) {
     again.Terminate();
 }
 
+TEST_F(TrendViewerFaceTest, ATypedDateCountsOnceItIsComplete) {
+    startWithLevel();
+    auto* date = child<QDateTimeEdit>("DataIniziale");
+    auto* end = child<QDateTimeEdit>("DataFinale");
+    date->setFocus();
+    date->setSelectedSection(QDateTimeEdit::DaySection);
+    QTest::keyClicks(date, "2");
+    QTest::qWait(0);
+    EXPECT_EQ(end->date(), QDate(2006, 3, 14)) << "half a day of the month";
+    QTest::keyClicks(date, "5");
+    QTest::keyClick(date, Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(eventually([&] { return samplesShown(0) == 0; }))
+        << "Aggiorna Dati by its shortcut";
+    EXPECT_EQ(end->date(), QDate(2006, 3, 25));
+}
+
 TEST_F(TrendViewerFaceTest, ADownloadShowsWithTheNextRefresh) {
     startWithLevel();
     EXPECT_EQ(samplesShown(0), 61U);
