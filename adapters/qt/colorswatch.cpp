@@ -35,6 +35,7 @@ void ColorSwatch::paintEvent(QPaintEvent*) {
     painter.drawRect(area);
     painter.setPen(qGray(color_.rgb()) > Light ? Qt::black : Qt::white);
     painter.drawText(area, Qt::AlignCenter, text_);
+    painter.setBrush(Qt::NoBrush);
     if (hasFocus()) painter.drawRect(area.adjusted(2, 2, -2, -2));
 }
 
@@ -55,6 +56,7 @@ void ColorSwatch::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ColorSwatch::keyPressEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat()) return;  // a key that is held is one press
     switch (event->key()) {
         case Qt::Key_Space: emit clicked(); break;
         case Qt::Key_Return:
