@@ -105,6 +105,30 @@ QPointF endOf(const QPolygonF& line, const QRectF& plot) {
     return {plot.right(), before.y() + (end.y() - before.y()) * part};
 }
 
+/// The number of a pen, and the place of its centre.
+using PenNumber = std::pair<std::size_t, QPointF>;
+
+/// Moves numbers up and down that would cover one another.
+void spread(std::vector<PenNumber>& numbers, const QRectF& plot) {
+    constexpr double Distance = NumberBox + 1;
+    const auto beside = [](const PenNumber& a, const PenNumber& b) {
+        return std::abs(a.second.x() - b.second.x()) < Distance;
+    };
+    std::ranges::stable_sort(numbers, {}, [](const PenNumber& n) { return n.second.y(); });
+    for (std::size_t i = 1; i < numbers.size(); ++i)
+        for (std::size_t above = 0; above < i; ++above)
+            if (beside(numbers[i], numbers[above]))
+                numbers[i].second.setY(
+                    std::max(numbers[i].second.y(), numbers[above].second.y() + Distance));
+    for (std::size_t i = numbers.size(); i-- > 0;) {
+        double lowest = plot.bottom();
+        for (std::size_t below = i + 1; below < numbers.size(); ++below)
+            if (beside(numbers[i], numbers[below]))
+                lowest = std::min(lowest, numbers[below].second.y() - Distance);
+        numbers[i].second.setY(std::min(numbers[i].second.y(), lowest));
+    }
+}
+
 }  // namespace
 
 std::vector<QPolygonF> polylines(const ChartSeries& series, std::size_t index,
@@ -138,20 +162,20 @@ void paintCurves(QPainter& painter, const ChartDrawing& drawing, const ChartGeom
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF& plot = geometry.plot();
-    std::vector<std::pair<std::size_t, QPointF>> ends;
+    std::vector<PenNumber> numbers;
     painter.setClipRect(plot.adjusted(-1, -1, 1, 1));
     for (std::size_t k = 0; k < ChartSeriesCount; ++k) {
         if (!drawing.shows(k)) continue;
         const auto lines = polylines(drawing.contents->series[k], k, geometry);
         if (lines.empty()) continue;
         paintCurve(painter, drawing.penColors[k], lines, plot);
-        ends.emplace_back(k, endOf(lines.back(), plot));
+        const QPointF end = endOf(lines.back(), plot);
+        numbers.emplace_back(k, QPointF(std::min(end.x(), plot.right()) + NumberBox,
+                                        std::clamp(end.y(), plot.top(), plot.bottom())));
     }
     painter.setClipping(false);
-    for (const auto& [series, end] : ends)
-        paintPenNumber(painter, drawing, series,
-                       {std::min(end.x() + NumberBox, plot.right() + NumberBox),
-                        std::clamp(end.y(), plot.top(), plot.bottom())});
+    spread(numbers, plot);
+    for (const auto& [series, place] : numbers) paintPenNumber(painter, drawing, series, place);
     painter.restore();
 }
 

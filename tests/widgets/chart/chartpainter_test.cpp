@@ -130,6 +130,19 @@ TEST(ChartPainterTest, AStepThatBeganBeforeTheViewStandsInIt) {
     }
 }
 
+TEST(ChartPainterTest, NumbersOfPensThatEndTogetherDoNotCoverOneAnother) {
+    const auto same = samplesOf({{0, 0}, {3600, 0}}, SampleKind::Number, testStart());
+    ChartDrawing drawing = drawingOf(contentsOf(3600, {same, same, same, same}));
+    const QColor colors[] = {Qt::blue, Qt::red, Qt::darkGreen, Qt::magenta};
+    const QImage image = draw(drawing, QSize(500, 200));
+    for (const QColor& color : colors) {
+        int pixels = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 476; x < image.width(); ++x) pixels += image.pixelColor(x, y) == color;
+        EXPECT_GT(pixels, 30) << color.name().toStdString();
+    }
+}
+
 TEST(ChartPainterTest, DrawsWhateverTheFileHolds) {
     constexpr double Infinite = std::numeric_limits<double>::infinity();
     const std::vector<std::pair<const char*, std::vector<std::pair<double, double>>>> cases = {
