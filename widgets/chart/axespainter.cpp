@@ -86,7 +86,9 @@ void paintAxes(QPainter& painter, const ChartDrawing& drawing, const ChartGeomet
     const QRectF above(plot.left(), plot.top() - geometry.lineHeight() - Gap, plot.width(),
                        geometry.lineHeight());
     painter.drawText(above, Qt::AlignLeft | Qt::AlignVCenter, axisCaption(geometry.axis()));
-    painter.drawText(above, Qt::AlignRight | Qt::AlignVCenter, qt::toQt(drawing.contents->title));
+    QString title = qt::toQt(drawing.contents->title);
+    if (drawing.isPart) title += QStringLiteral(" – parte dell'intervallo");
+    painter.drawText(above, Qt::AlignRight | Qt::AlignVCenter, title);
     painter.drawLine(plot.topLeft(), plot.bottomLeft());
     painter.drawLine(plot.bottomLeft(), plot.bottomRight());
     painter.restore();

@@ -31,6 +31,7 @@ struct ChartColors {
 /// scaled.
 struct ChartDrawing {
     std::shared_ptr<const ChartContents> contents;  ///< null: nothing has been asked for yet
+    bool isPart = false;  ///< of the window that was asked for: the operator has zoomed
     ScaleChoice choice;
     std::array<QColor, ChartSeriesCount> penColors = {Qt::blue, Qt::red, Qt::darkGreen,
                                                       Qt::magenta};

@@ -7,6 +7,20 @@
 #include <utility>
 
 namespace velt::ui {
+namespace {
+
+constexpr ChartTime Second = 1000;
+constexpr ChartTime FineSpan = 1800 * Second;  // in a longer one nobody can point at half a second
+
+/// A moment in a view of a `length`, without a fraction of a second that nobody has aimed at;
+/// within `bounds`.
+ChartTime plain(ChartTime time, ChartTime length, const ChartView::Span& bounds) {
+    if (length < FineSpan) return time;
+    const ChartTime rest = ((time % Second) + Second) % Second;
+    return std::clamp(time - rest + (rest < Second / 2 ? 0 : Second), bounds.from, bounds.to);
+}
+
+}  // namespace
 
 void ChartView::plot(std::shared_ptr<const ChartContents> whole) {
     const bool sameWindow =
@@ -29,9 +43,12 @@ ChartView::Span ChartView::wanted() const {
 bool ChartView::zoomTo(Span span) {
     if (!whole_) return false;
     if (span.to < span.from) std::swap(span.from, span.to);
-    span.from = std::max(span.from, whole_->start);
-    span.to = std::min(span.to, whole_->end);
-    if (span.to - span.from < ShortestSpan || span == wanted()) return false;
+    const Span bounds{whole_->start, whole_->end};
+    const Span now = wanted();
+    const ChartTime length = now.to - now.from;
+    span.from = plain(std::max(span.from, bounds.from), length, bounds);
+    span.to = plain(std::min(span.to, bounds.to), length, bounds);
+    if (span.to - span.from < ShortestSpan || span == now) return false;
     zooms_.push_back(span);
     return true;
 }
@@ -50,12 +67,18 @@ bool ChartView::zoomBack() {
     return true;
 }
 
+void ChartView::cursor(std::optional<ChartTime> time) {
+    cursor_ = time;
+    if (cursor_ && shown_)
+        cursor_ = plain(*cursor_, shown_->end - shown_->start, {shown_->start, shown_->end});
+}
+
 void ChartView::moveCursor(int points) {
     if (!shown_) return;
     const ChartContents& view = *shown_;
     const bool inView = cursor_ && *cursor_ >= view.start && *cursor_ <= view.end;
     const int point = inView ? pointAt(view, *cursor_) + points : view.points / 2;
-    cursor_ = timeOfPoint(view, std::clamp(point, 0, view.points));
+    cursor(timeOfPoint(view, std::clamp(point, 0, view.points)));
 }
 
 void ChartView::cursorToStart() {

@@ -41,7 +41,8 @@ public:
     bool zoomBack();
 
     [[nodiscard]] std::optional<ChartTime> cursor() const { return cursor_; }
-    void cursor(std::optional<ChartTime> time) { cursor_ = time; }
+    /// In whole seconds, but for a short view.
+    void cursor(std::optional<ChartTime> time);
     /// By points of the view; without a cursor it appears in the middle.
     void moveCursor(int points);
     void cursorToStart();

@@ -100,6 +100,7 @@ void TrendChart::setScale(int series) {
 
 void TrendChart::redraw() {
     state_->drawing.contents = state_->view.shown();
+    state_->drawing.isPart = state_->view.shown() != state_->view.whole();
     state_->stale = true;
     update();
     emit viewChanged();

@@ -77,6 +77,15 @@ TEST_F(ChartViewTest, TheCursorGoesByPointsAndStopsAtTheEnds) {
     EXPECT_EQ(view.cursor(), start + 60 * Minute);
 }
 
+TEST_F(ChartViewTest, FractionsOfASecondOnlyWhereOneCanPointAtThem) {
+    view.cursor(start + 5 * Minute + 499);
+    EXPECT_EQ(view.cursor(), start + 5 * Minute);
+    view.zoomTo({start + Minute - 300, start + 20 * Minute + 700});
+    EXPECT_EQ(view.wanted(), (Span{start + Minute, start + 20 * Minute + 1000}));
+    view.zoomTo({start + Minute - 300, start + Minute + 900});
+    EXPECT_EQ(view.wanted(), (Span{start + Minute - 300, start + Minute + 900}));
+}
+
 TEST_F(ChartViewTest, WithoutContentsNothingHappens) {
     ChartView empty;
     empty.moveCursor(1);
