@@ -30,6 +30,7 @@ protected:
         options.runtime = opcua::test::quickRuntime(Eight);
         options.server.port = port;
         options.server.shutdownNotice = 0ms;
+        options.clock = clock.function();
         server = opcua::test::startRuntime(std::move(options));
     }
 
@@ -49,6 +50,7 @@ protected:
     }
 
     const std::uint16_t port = demo::freePort();
+    opcua::test::HandClock clock;
     QueuedDispatcher dispatcher;
     opcua::OpcUaRuntimeClientFactory factory{dispatcher};
     std::unique_ptr<demo::OpcServer> server;
@@ -66,11 +68,16 @@ TEST_F(ConnViewerRuntimeTest, DialsDownloadsAndHangsUp) {
     };
     ASSERT_TRUE(shows("Disconnesso"));
     cmdConnetti.click();
+    ASSERT_TRUE(shows("Dialing"));
+    clock.pass(1s);
     ASSERT_TRUE(shows("Connesso"));
     cmdDownload.click();
     ASSERT_TRUE(shows("Downloading"));
+    clock.pass(1s);
     ASSERT_TRUE(shows("Connesso"));
     cmdDisconnetti.click();
+    ASSERT_TRUE(shows("In disconnessione"));
+    clock.pass(1s);
     ASSERT_TRUE(shows("Disconnesso"));
     EXPECT_THAT(errors, IsEmpty());
     viewer->Terminate();

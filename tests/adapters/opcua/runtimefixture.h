@@ -72,6 +72,7 @@ protected:
     }
     void startWith(RuntimeServerOptions options) {
         options.server.shutdownNotice = 0ms;
+        options.clock = clock.function();
         server = startRuntime(std::move(options));
     }
     void link(const std::string& endpoint) { panel.client->ConnettiRuntime("Prova", endpoint); }
@@ -98,6 +99,10 @@ protected:
         ASSERT_TRUE(until([&] { return panel.states[station].size() > before; }));
     }
 
+    /// Long enough for any call.
+    void pass() { clock.pass(1s); }
+
+    HandClock clock;
     QueuedDispatcher dispatcher;
     std::vector<std::string> logged;
     OpcUaRuntimeClientFactory factory{
