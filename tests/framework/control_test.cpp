@@ -10,7 +10,6 @@ namespace velt {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// A control that notes the steps of its life.
 class NotingControl final : public Control {
@@ -19,7 +18,6 @@ public:
         : Control(std::move(traits), ambient, services) {
         PropertyChanged.subscribe([this](const std::string& name) { steps.push_back(name); });
     }
-    using Control::openSettings;
     using Control::section;
     using Control::source;
 
@@ -39,8 +37,8 @@ private:
 
 class ControlTest : public testing::Test {
 protected:
-    NotingControl make(ControlTraits::Start start, bool loadsSettings = false) {
-        return {{"Viewer", "File", start, loadsSettings}, ambient, services};
+    NotingControl make(ControlTraits::Start start) {
+        return {{"Viewer", "File", start, true}, ambient, services};
     }
     fakes::FakeAmbient ambient;
     fakes::FakeServices services;
@@ -51,12 +49,10 @@ using Start = ControlTraits::Start;
 TEST_F(ControlTest, StartsAsOftenAsItsTraitsSay) {
     const std::tuple<Start, std::vector<bool>, int> cases[] = {
         // UserMode at each show
-
         {Start::EveryShow, {false, true, true}, 2},
         {Start::FirstRunShow, {false, true, true}, 1},
         {Start::FirstShowOnly, {false, true, true}, 0},
         {Start::FirstShowOnly, {true, true}, 1},
-        {Start::FirstRunShow, {false, false}, 0},
     };
     for (const auto& [start, shows, starts] : cases) {
         NotingControl control = make(start);
@@ -72,7 +68,7 @@ TEST_F(ControlTest, PropertiesOfTheFormHaveNoEffectButTheColours) {
     const auto keys = ElementsAre("BackColor", "ForeColor", "File", "FileIni");
     fakes::FakePropertyBag bag;
     bag.values = {{"BackColor", OleColor{255}}, {"ForeColor", "red"}, {"File", "a.mdb"}};
-    NotingControl control = make(Start::FirstRunShow, true);
+    NotingControl control = make(Start::FirstRunShow);
     control.ReadProperties(bag);
     EXPECT_THAT(bag.order, keys);
     EXPECT_THAT(control.steps, ElementsAre("back 255", "fore " + std::to_string(ButtonText)))
@@ -82,55 +78,24 @@ TEST_F(ControlTest, PropertiesOfTheFormHaveNoEffectButTheColours) {
     fakes::FakePropertyBag written;
     control.WriteProperties(written);
     EXPECT_THAT(written.order, keys);
-    bag.values["ForeColor"] = ButtonText;
-    bag.values["FileIni"] = "";
-    EXPECT_EQ(written.values, bag.values);
 }
 
-TEST_F(ControlTest, AssignmentsNotifyAndActOnlyAtRunTime) {
-    NotingControl control = make(Start::FirstRunShow, true);
+TEST_F(ControlTest, AssignmentsActOnlyAtRunTimeAndTerminateGoesByTheModeLastRead) {
+    NotingControl control = make(Start::FirstRunShow);
     ambient.userMode = false;
     control.source("a.mdb");
     control.FileIni("a.ini");
     EXPECT_THAT(control.steps, ElementsAre("File", "FileIni"));
-    EXPECT_EQ(control.section(), "Viewer_");
 
     control.steps.clear();
     ambient.userMode = true;
+    control.Terminate();
+    EXPECT_TRUE(control.steps.empty()) << "the mode was not read again";
     control.source("b.mdb");
     control.FileIni("b.ini");
-    EXPECT_THAT(control.steps,
-                ElementsAre("File", "sourceAssigned", "FileIni", "load Viewer_Instance1"));
-    const auto settings = control.openSettings();
-    ASSERT_NE(settings, nullptr);
-    EXPECT_EQ(settings->NomeFile(), "b.ini");
-    EXPECT_EQ(settings->Sezione(), "Viewer_Instance1");
-    control.FileIni("");
-    EXPECT_EQ(control.openSettings(), nullptr);
-}
-
-TEST_F(ControlTest, AControlWithoutSettingsOnlyStoresFileIni) {
-    NotingControl control = make(Start::EveryShow, false);
-    control.FileIni("a.ini");
-    EXPECT_THAT(control.steps, ElementsAre("FileIni"));
-    EXPECT_EQ(control.section(), "Viewer_");
-    // The assignment has not even asked for the mode: nothing is there to release.
     control.Terminate();
-    EXPECT_THAT(control.steps, ElementsAre("FileIni"));
-}
-
-TEST_F(ControlTest, TerminateGoesByTheModeLastRead) {
-    NotingControl control = make(Start::FirstRunShow);
-    control.Terminate();
-    EXPECT_THAT(control.steps, IsEmpty());
-    ambient.userMode = false;
-    control.Show();
-    ambient.userMode = true;
-    control.Terminate();
-    EXPECT_THAT(control.steps, IsEmpty()) << "the mode was not read again";
-    control.Show();
-    control.Terminate();
-    EXPECT_THAT(control.steps, ElementsAre("start", "release"));
+    EXPECT_THAT(control.steps, ElementsAre("File", "sourceAssigned", "FileIni",
+                                           "load Viewer_Instance1", "release"));
 }
 
 }  // namespace

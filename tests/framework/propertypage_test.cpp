@@ -3,7 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <map>
 #include <utility>
 #include <vector>
 
@@ -14,9 +13,7 @@ using testing::ElementsAre;
 
 struct FakeEditBox final : EditBox {
     std::string Text() const override { return text; }
-    void Text(const std::string& value) override {
-        if (std::exchange(text, value) != value) Change.raise();
-    }
+    void Text(const std::string& value) override { text = value; }
     std::string text;
 };
 
@@ -29,52 +26,6 @@ struct FakeFileDialog final : FileDialog {
     std::vector<std::string> asked;
 };
 
-struct FakeSelection final : SelectedControls {
-    int Count() const override { return static_cast<int>(controls.size()); }
-    std::string Property(int index, const std::string& name) const override {
-        return controls.at(static_cast<std::size_t>(index)).at(name);
-    }
-    void Property(int index, const std::string& name, const std::string& value) override {
-        controls.at(static_cast<std::size_t>(index)).at(name) = value;
-    }
-    std::vector<std::map<std::string, std::string>> controls;
-};
-
-struct Page {
-    explicit Page(const char* control)
-        : page(*propertyPageOf(control), {source, ini, browseSource, browseIni, dialog}) {}
-    FakeEditBox source;
-    FakeEditBox ini;
-    BrowseButton browseSource;
-    BrowseButton browseIni;
-    FakeFileDialog dialog;
-    PropertyPage page;
-};
-
-TEST(PropertyPage, OnlyTheFirstSelectedControlIsReadAndWritten) {
-    for (const auto& [control, property] : std::map<const char*, const char*>{
-             {"OPCViewer", "Hostname"}, {"AlarmViewer", "File"}, {"ConnViewer", "File"}}) {
-        Page p(control);
-        FakeSelection selection;
-        selection.controls = {{{property, "a"}, {"FileIni", "a.ini"}},
-                              {{property, "b"}, {"FileIni", "b.ini"}}};
-        p.page.SelectionChanged(selection);
-        EXPECT_EQ(p.source.Text(), "a");
-        EXPECT_EQ(p.ini.Text(), "a.ini");
-        EXPECT_FALSE(p.page.Changed()) << "taking the values changes nothing";
-
-        p.source.Text("una cosa che non esiste");
-        EXPECT_TRUE(p.page.Changed());
-        p.ini.Text("");
-        p.page.ApplyChanges(selection);
-        EXPECT_FALSE(p.page.Changed());
-        EXPECT_EQ(selection.controls[0].at(property), "una cosa che non esiste");
-        EXPECT_EQ(selection.controls[0].at("FileIni"), "");
-        EXPECT_EQ(selection.controls[1].at(property), "b");
-        EXPECT_EQ(selection.controls[1].at("FileIni"), "b.ini");
-    }
-}
-
 TEST(PropertyPage, BrowsingReplacesTheTextUnlessCancelled) {
     const std::pair<const char*, const char*> cases[] = {
         {"AlarmViewer", "Seleziona il file Allarmi|File MDB (*.mdb)|*.mdb"},
@@ -82,23 +33,24 @@ TEST(PropertyPage, BrowsingReplacesTheTextUnlessCancelled) {
          "Seleziona il file di configurazione|File VeltRTU.ini (VeltRTU.ini)|VeltRTU.ini"},
     };
     for (const auto& [control, sourceDialog] : cases) {
-        Page p(control);
-        p.source.Text("old");
-        p.browseSource.Click.raise();
-        EXPECT_EQ(p.source.Text(), "old") << "cancelled";
-        FakeSelection none;
-        p.page.SelectionChanged(none);
-        EXPECT_EQ(p.source.Text(), "old");
-        p.page.ApplyChanges(none);
-        EXPECT_TRUE(p.page.Changed());
-        p.dialog.answer = "chosen";
-        p.browseSource.Click.raise();
-        p.browseIni.Click.raise();
-        EXPECT_EQ(p.source.Text(), "chosen");
-        EXPECT_EQ(p.ini.Text(), "chosen");
-        EXPECT_THAT(p.dialog.asked, ElementsAre(sourceDialog, sourceDialog,
-                                                "Seleziona il file INI|File INI (*.ini)|*.ini|"
-                                                "Tutti i file (*.*)|*.*"));
+        FakeEditBox source;
+        FakeEditBox ini;
+        BrowseButton browseSource;
+        BrowseButton browseIni;
+        FakeFileDialog dialog;
+        const PropertyPage page(*propertyPageOf(control),
+                                {source, ini, browseSource, browseIni, dialog});
+        source.Text("old");
+        browseSource.Click.raise();
+        EXPECT_EQ(source.Text(), "old") << "cancelled";
+        dialog.answer = "chosen";
+        browseSource.Click.raise();
+        browseIni.Click.raise();
+        EXPECT_EQ(source.Text(), "chosen");
+        EXPECT_EQ(ini.Text(), "chosen");
+        EXPECT_THAT(dialog.asked, ElementsAre(sourceDialog, sourceDialog,
+                                              "Seleziona il file INI|File INI (*.ini)|*.ini|"
+                                              "Tutti i file (*.*)|*.*"));
     }
     EXPECT_FALSE(propertyPageOf("OPCViewer")->browses());
     EXPECT_EQ(propertyPageOf("QPushButton"), nullptr);

@@ -48,16 +48,6 @@ TEST_F(Paths, FindWhatAWindowsPathMeans) {
     for (const auto& [name, expected] : cases) EXPECT_EQ(resolved(name), expected) << name;
 }
 
-TEST_F(Paths, RelativePathsStartAtTheCurrentFolder) {
-    makeFile("Uno.txt");
-    const fs::path before = fs::current_path();
-    fs::current_path(folder_.path());
-    const auto found = resolvePath("uno.TXT");
-    fs::current_path(before);
-    ASSERT_TRUE(found);
-    EXPECT_EQ(*found, "Uno.txt");
-}
-
 TEST_F(Paths, NothingComesOfHopelessNames) {
     EXPECT_FALSE(resolvePath(""));
     EXPECT_FALSE(resolvePath(std::string("a\0b", 3)));
