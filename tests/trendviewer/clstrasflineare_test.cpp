@@ -67,7 +67,6 @@ TEST(clsTrasfLineareTest, AnEmptySourceRangeKeepsTheMapping) {
 TEST(clsTrasfLineareTest, AResultBeyondTheDoublesIsAnError) {
     clsTrasfLineare transform;
     transform.SetMinMax(0, 10, 0, 100);
-    EXPECT_THROW(static_cast<void>(transform.fx(Largest)), RuntimeError);
     EXPECT_THROW(transform.SetMinMax(0, 1, -Largest, Largest), RuntimeError);
     EXPECT_THROW(transform.SetMinMax(0, 1e-300, 0, 1e300), RuntimeError);
     EXPECT_THROW(transform.Xmin(std::numeric_limits<double>::quiet_NaN()), RuntimeError);

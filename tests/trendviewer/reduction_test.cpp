@@ -92,27 +92,6 @@ TEST(ReductionTest, APointHoldsTheExtremesWhereverTheyStand) {
     }
 }
 
-TEST(ReductionTest, PointsPartTheViewEqually) {
-    const auto samples = samplesOf(noise(1000));
-    const ChartCurve curve = reduce(*samples, 0, 1'000'000, 100);
-    ASSERT_EQ(curve.points.size(), 100u);
-    for (int i = 0; i < 100; ++i) {
-        const ChartPoint& point = curve.points[static_cast<std::size_t>(i)];
-        EXPECT_EQ(point.first.time, i * 10'000);
-        EXPECT_EQ(point.last.time, i * 10'000 + 9000);
-        EXPECT_EQ(point.joined, i > 0);
-    }
-}
-
-TEST(ReductionTest, StretchesWithoutSamplesHaveNoPointAndBreakTheLine) {
-    auto values = noise(1000);
-    for (std::size_t i = 500; i < values.size(); ++i) values[i].first += 1000;  // an outage
-    const ChartCurve curve = reduce(*samplesOf(values), 0, 2'000'000, 100);
-    EXPECT_EQ(curve.points.size(), 50u);
-    EXPECT_EQ(std::ranges::count(joins(curve), false), 2);
-    EXPECT_FALSE(curve.points[25].joined);
-}
-
 TEST(ReductionTest, HoweverManyBreaksThePointsStayFew) {
     auto values = noise(10'000);
     for (std::size_t i = 1; i < values.size(); i += 2) values[i].second = Missing;
@@ -148,15 +127,6 @@ TEST(ReductionTest, TheMeanIsWeightedByTime) {
         const auto samples = samplesOf(c.samples, c.kind);
         EXPECT_DOUBLE_EQ(reduce(*samples, 0, 10'000, 1000).statistics.mean, c.mean) << c.what;
     }
-}
-
-TEST(ReductionTest, EqualTimesAreAllKept) {
-    std::vector<std::pair<double, double>> values(5000, {1, 0});
-    values[2500].second = 3;
-    const ChartCurve curve = reduce(*samplesOf(values), 0, 2000, 10);
-    ASSERT_EQ(curve.points.size(), 1u);
-    EXPECT_EQ(curve.points[0].maximum.value, 3);
-    EXPECT_EQ(curve.statistics.count, 5000u);
 }
 
 }  // namespace

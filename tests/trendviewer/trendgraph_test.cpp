@@ -16,6 +16,7 @@ using Message = fakes::FakeMessageBox::Message;
 using TrendGraphTest = TrendViewerFixture;
 
 TEST_F(TrendGraphTest, LoadsThePensInUseAndDraws) {
+    database().connectionState = ado::StateClosed;
     startWith();
     database().answers[query("Livello")] =
         trendRows(start, {{0, 1.5}, {60, 2.5}, {120, Null{}}, {180, 3.5}});
@@ -24,9 +25,10 @@ TEST_F(TrendGraphTest, LoadsThePensInUseAndDraws) {
     penne[0].cmbTrend.ListIndex(1);
     penne[2].cmbTrend.ListIndex(3);
     cmdAggiornaDati.click();
-    EXPECT_THAT(database().log, ElementsAre("GetConnection D:\\Dati\\RTU01.MDB '' '' 60 3 3",
-                                            query("Livello") + " | 3 3 1 -1", "Recordset.Close",
-                                            query("Pompa") + " | 3 3 1 -1", "Recordset.Close"));
+    EXPECT_THAT(database().log,
+                ElementsAre("GetConnection D:\\Dati\\RTU01.MDB '' '' 60 3 3", "Connection.Open",
+                            query("Livello") + " | 3 3 1 -1", "Recordset.Close",
+                            query("Pompa") + " | 3 3 1 -1", "Recordset.Close"));
     EXPECT_THAT(pointer.shapes, ElementsAre(11, 0));
     ASSERT_EQ(chart.plots.size(), 1u);
     const ChartContents& drawn = *chart.plots[0];
@@ -41,14 +43,6 @@ TEST_F(TrendGraphTest, LoadsThePensInUseAndDraws) {
     EXPECT_EQ(drawn.series[1].samples, nullptr);
     EXPECT_TRUE(drawn.series[2].samples->steps());
     EXPECT_THAT(messages(), IsEmpty());
-}
-
-TEST_F(TrendGraphTest, AClosedConnectionIsOpened) {
-    database().connectionState = ado::StateClosed;
-    startWith();
-    showLevel();
-    EXPECT_THAT(database().log, testing::Contains("Connection.Open"));
-    EXPECT_EQ(chart.plots.size(), 1u);
 }
 
 TEST_F(TrendGraphTest, AMissingTableLeavesItsPenEmpty) {
@@ -121,17 +115,6 @@ TEST_F(TrendGraphTest, AnEndBeforeTheStartDrawsAnEmptyChart) {
     EXPECT_THAT(messages(), IsEmpty());
 }
 
-TEST_F(TrendGraphTest, EachRefreshReadsTheFileAnew) {
-    startWith();
-    database().answers[query("Livello")] = trendRows(start, {{0, 1.0}});
-    showLevel();
-    database().answers[query("Livello")] = trendRows(start, {{0, 1.0}, {60, 2.0}});
-    cmdAggiornaDati.click();
-    EXPECT_EQ(chart.plots[1]->series[0].curve->points.size(), 2u);
-    EXPECT_EQ(std::ranges::count(database().log, "GetConnection D:\\Dati\\RTU01.MDB '' '' 60 3 3"),
-              2);
-}
-
 TEST_F(TrendGraphTest, ASwatchHidesAndShowsItsPen) {
     startWith();
     penne[0].colore.click();
@@ -165,18 +148,6 @@ TEST_F(TrendGraphTest, ADoubleClickChoosesTheColour) {
     EXPECT_EQ(penne[3].colore.BackColor(), modColor::Componi(1, 2, 3));
     EXPECT_THAT(chart.colors[3], ElementsAre(1, 2, 3));
     EXPECT_TRUE(penne[3].marker.Visible());
-    EXPECT_THAT(chart.plots, IsEmpty());
-}
-
-TEST_F(TrendGraphTest, ScaleAndNormalisationReachTheChartAtOnce) {
-    EXPECT_EQ(chart.scale, -1);
-    startWith();
-    chkNormalizzato.toggle();
-    EXPECT_TRUE(chart.normalised);
-    cmbScala.ListIndex(4);
-    EXPECT_EQ(chart.scale, 3);
-    chkNormalizzato.toggle();
-    EXPECT_FALSE(chart.normalised);
     EXPECT_THAT(chart.plots, IsEmpty());
 }
 

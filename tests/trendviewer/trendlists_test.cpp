@@ -21,39 +21,35 @@ protected:
     }
 };
 
-TEST_F(TrendListsTest, ListsTheStationsWhoseDatabaseExists) {
+TEST_F(TrendListsTest, ListsTheStationsWhoseDatabaseExistsAndTheirTrends) {
     startWith();
     EXPECT_THAT(entries(cmbVRX), ElementsAre("RTU01", "RTU03"));
     EXPECT_EQ(cmbVRX.ListIndex(), 0);
     for (const Pen& pen : penne)
         EXPECT_THAT(entries(pen.cmbTrend), ElementsAre("Nessuno", "Livello", "Portata", "Pompa"));
     EXPECT_THAT(chosen(), ElementsAre(0, 0, 0, 0));
-}
+    const std::vector<std::vector<std::string>> words = {
+        {"", ""}, {"Livello vasca", "m"}, {"", "l/s"}, {"Marcia", ""}, {"", ""}};
+    for (int i = 1; i <= 4; ++i) {
+        penne[1].cmbTrend.ListIndex(i % 4);
+        EXPECT_EQ(penne[1].lblDesc.Caption(), words[std::size_t(i)][0]) << i;
+        EXPECT_EQ(penne[1].lblUdm.Caption(), words[std::size_t(i)][1]) << i;
+    }
 
-TEST_F(TrendListsTest, TheSectionGoesByThePositionInTheList) {
-    services.files.files.erase("D:\\Dati\\RTU01.MDB");
-    startWith();
-    EXPECT_THAT(entries(cmbVRX), ElementsAre("RTU03"));
-    EXPECT_EQ(penne[0].cmbTrend.List(1), "Livello") << "of section VRX0 all the same";
-}
-
-TEST_F(TrendListsTest, AStationWithoutTrendsStillOffersNone) {
     config("VRX1").clear();
-    startWith();
     cmbVRX.ListIndex(1);
-    EXPECT_THAT(entries(penne[3].cmbTrend), ElementsAre("Nessuno"));
-}
+    EXPECT_THAT(entries(penne[3].cmbTrend), ElementsAre("Nessuno")) << "also without any trend";
 
-TEST_F(TrendListsTest, HoldsEightyTrends) {
     for (int group = 0; group < 4; ++group)
         for (int i = 0; i < 20; ++i) {
             const std::string key = "G" + std::to_string(group) + "V" + std::to_string(i);
             config("VRX0")[key] = "T" + key;
         }
-    startWith();
-    EXPECT_EQ(penne[2].cmbTrend.ListCount(), 81);
-    penne[2].cmbTrend.ListIndex(80);
-    EXPECT_EQ(penne[2].cmbTrend.Text(), "TG3V19");
+    services.files.files.erase("D:\\Dati\\RTU01.MDB");
+    viewer.File(Config);
+    EXPECT_THAT(entries(cmbVRX), ElementsAre("RTU03"));
+    EXPECT_EQ(penne[2].cmbTrend.ListCount(), 81) << "of section VRX0: it goes by the position";
+    EXPECT_EQ(penne[2].cmbTrend.List(80), "TG3V19");
 }
 
 TEST_F(TrendListsTest, ACountThatIsNoCountMeansNoStation) {
@@ -80,18 +76,6 @@ TEST_F(TrendListsTest, AnotherFileFillsTheListsAnew) {
     EXPECT_EQ(penne[0].lblDesc.Caption(), "");
     cmdAggiornaDati.click();
     EXPECT_THAT(database().log, IsEmpty()) << "no station, no pen in use";
-}
-
-TEST_F(TrendListsTest, AChosenTrendShowsItsWords) {
-    startWith();
-    penne[1].cmbTrend.ListIndex(1);
-    EXPECT_EQ(penne[1].lblDesc.Caption(), "Livello vasca");
-    EXPECT_EQ(penne[1].lblUdm.Caption(), "m");
-    penne[1].cmbTrend.ListIndex(2);
-    EXPECT_EQ(penne[1].lblDesc.Caption(), "");
-    EXPECT_EQ(penne[1].lblUdm.Caption(), "l/s");
-    penne[1].cmbTrend.ListIndex(0);
-    EXPECT_EQ(penne[1].lblUdm.Caption(), "");
 }
 
 TEST_F(TrendListsTest, AnotherStationKeepsThePositionsThatItHas) {
@@ -126,20 +110,40 @@ TEST_F(TrendListsTest, ARequestWaitsForTheTimer) {
     EXPECT_EQ(cmbVRX.Text(), "RTU01") << "a request that comes later stays unapplied";
 }
 
-TEST_F(TrendListsTest, ARequestMayComeBetweenShowAndTimer) {
+TEST_F(TrendListsTest, WhatARequestSelects) {
+    struct Case {
+        const char* what;
+        const char* vrx;
+        std::array<const char*, 4> trends;
+        std::int16_t range;
+        const char* station;
+        std::vector<int> positions;
+        int rangeAfter;
+    };
+    const Case cases[] = {
+        {"another station", "RTU03", {"Pressione", "", "", ""}, 0, "RTU03", {1, 0, 0, 0}, 0},
+        {"an unknown station", "rtu03", {"", "Portata", "", ""}, 1, "RTU01", {0, 2, 0, 0}, 1},
+        {"unknown trends", "RTU01", {"x", "livello", "", "Livello"}, 12, "RTU01", {0, 0, 0, 1}, 12},
+        {"a range too high", "RTU03", {"", "", "Pressione", ""}, 13, "RTU03", {0, 0, 1, 0}, 2},
+        {"a range too low", "RTU03", {"", "", "", "Pressione"}, -1, "RTU03", {0, 0, 0, 1}, 2},
+        {"no station", "", {"Portata", "Portata", "", ""}, 7, "RTU01", {0, 0, 0, 0}, 2},
+    };
     startWith();
-    viewer.SetTrend("RTU03", "Pressione", "", "", "", start, 0);
-    t.fire();
-    EXPECT_EQ(cmbVRX.Text(), "RTU03");
-    EXPECT_THAT(chosen(), ElementsAre(1, 0, 0, 0));
-}
-
-TEST_F(TrendListsTest, ARequestForAnUnknownStationKeepsTheCurrentOne) {
-    viewer.SetTrend("rtu03", "Portata", "", "", "", start, 1);
-    startWith();
-    t.fire();
-    EXPECT_EQ(cmbVRX.Text(), "RTU01") << "names are told apart by letter case";
-    EXPECT_THAT(chosen(), ElementsAre(2, 0, 0, 0));
+    for (const Case& c : cases) {
+        cmbVRX.ListIndex(0);
+        for (Pen& pen : penne) pen.cmbTrend.ListIndex(0);
+        cmbRange.ListIndex(2);
+        setStart(start.addSeconds(-60));
+        const Date end = DataFinale.Value();
+        t.Enabled(true);
+        viewer.SetTrend(c.vrx, c.trends[0], c.trends[1], c.trends[2], c.trends[3], start, c.range);
+        t.fire();
+        EXPECT_EQ(cmbVRX.Text(), c.station) << c.what;
+        EXPECT_EQ(chosen(), c.positions) << c.what;
+        EXPECT_EQ(cmbRange.ListIndex(), c.rangeAfter) << c.what;
+        EXPECT_EQ(TimeIniziale.Value() == start, *c.vrx != 0) << c.what;
+        EXPECT_EQ(DataFinale.Value() == end, c.range != c.rangeAfter) << c.what;
+    }
 }
 
 TEST_F(TrendListsTest, TheLastOfEqualNamesWins) {
@@ -149,28 +153,6 @@ TEST_F(TrendListsTest, TheLastOfEqualNamesWins) {
     t.fire();
     EXPECT_EQ(cmbVRX.ListIndex(), 1);
     EXPECT_EQ(penne[0].cmbTrend.Text(), "Pressione");
-}
-
-TEST_F(TrendListsTest, ARangeOutOfTheListLeavesRangeAndEnd) {
-    startWith();
-    const Date end = DataFinale.Value();
-    for (const std::int16_t range : {std::int16_t{13}, std::int16_t{-1}}) {
-        t.Enabled(true);
-        viewer.SetTrend("RTU03", "Pressione", "", "", "", start, range);
-        t.fire();
-        EXPECT_EQ(cmbVRX.Text(), "RTU03");
-        EXPECT_EQ(TimeIniziale.Value(), start);
-        EXPECT_EQ(DataFinale.Value(), end);
-        EXPECT_EQ(cmbRange.ListIndex(), 0);
-    }
-}
-
-TEST_F(TrendListsTest, WithoutAStationNothingIsPending) {
-    viewer.SetTrend("", "Portata", "Portata", "", "", start, 7);
-    startWith();
-    t.fire();
-    EXPECT_THAT(chosen(), ElementsAre(0, 0, 0, 0));
-    EXPECT_EQ(cmbRange.ListIndex(), 0);
 }
 
 TEST_F(TrendListsTest, ARequestInAnEmptyPlantIsNoFault) {

@@ -84,13 +84,11 @@ TEST_F(TrendSettingsTest, WithoutKeysTheDefaults) {
     EXPECT_THAT(positions(), ElementsAre(0, -1, -1, -1, -1, -1)) << "no station chosen";
     EXPECT_EQ(DataFinale.Value(), services.clock().now());
     EXPECT_EQ(chkAutoUpdate.Value() + chkNormalizzato.Value() + cmbScala.ListIndex(), 0);
-}
-
-TEST_F(TrendSettingsTest, WithoutAStartTheSavedRangeEndsNow) {
+    cmbScala.ListIndex(2);
     saved() = {{"cmbRange", "9"}};
-    startWith("a.ini");
+    viewer.FileIni("a.ini");
     EXPECT_EQ(DataIniziale.Value(), services.clock().now().addSeconds(-604800));
-    EXPECT_EQ(DataFinale.Value(), services.clock().now());
+    EXPECT_EQ(cmbScala.ListIndex(), 2) << "a scale that is not stored leaves the choice";
 }
 
 TEST_F(TrendSettingsTest, IgnoresWhatItCannotUse) {
@@ -117,13 +115,6 @@ TEST_F(TrendSettingsTest, IgnoresWhatItCannotUse) {
         EXPECT_EQ(penne[0].colore.BackColor(), color) << c.key << "=" << c.value;
         EXPECT_EQ(DataFinale.Value(), services.clock().now()) << c.key << "=" << c.value;
     }
-}
-
-TEST_F(TrendSettingsTest, AScaleThatIsNotStoredLeavesTheChoice) {
-    startWith("a.ini");
-    cmbScala.ListIndex(2);
-    viewer.FileIni("a.ini");
-    EXPECT_EQ(cmbScala.ListIndex(), 2);
 }
 
 TEST_F(TrendSettingsTest, AFolderThatIsNotThereDoesNotWipeTheChoices) {

@@ -84,6 +84,8 @@ TEST(ValueAxisTest, AroundAllVisibleSeriesOrTheChosenOne) {
     EXPECT_EQ(axis.series, -1);
 
     EXPECT_EQ(axisOf(ranges).unit, "") << "two units on one axis";
+    EXPECT_THAT(axisOf({}).ticks, IsEmpty()) << "without data nothing to label";
+    EXPECT_THAT(axisOf({{0, 1}}, {.visible = {false, true, true, true}}).ticks, IsEmpty());
 
     axis = axisOf(ranges, {.series = 1});
     EXPECT_THAT(labels(axis), ElementsAre("50", "60", "70", "80", "90", "100"));
@@ -112,11 +114,6 @@ TEST(ValueAxisTest, NormalisedEachSeriesFillsTheAxis) {
     EXPECT_THAT(labels(axis), ElementsAre("0", "0,4", "0,8", "1,2", "1,6", "2"));
     EXPECT_EQ(axis.unit, "m");
     EXPECT_EQ(heightOf(axis.scales[1], 100), 100);
-}
-
-TEST(ValueAxisTest, WithoutDataThereIsNothingToLabel) {
-    EXPECT_THAT(axisOf({}).ticks, IsEmpty());
-    EXPECT_THAT(axisOf({{0, 1}}, {.visible = {false, true, true, true}}).ticks, IsEmpty());
 }
 
 }  // namespace
