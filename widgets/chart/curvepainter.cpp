@@ -121,7 +121,7 @@ void spread(std::vector<PenNumber>& numbers, const QRectF& plot) {
                 numbers[i].second.setY(
                     std::max(numbers[i].second.y(), numbers[above].second.y() + Distance));
     for (std::size_t i = numbers.size(); i-- > 0;) {
-        double lowest = plot.bottom();
+        double lowest = plot.bottom() - NumberBox / 2;  // not over the labels
         for (std::size_t below = i + 1; below < numbers.size(); ++below)
             if (beside(numbers[i], numbers[below]))
                 lowest = std::min(lowest, numbers[below].second.y() - Distance);
