@@ -13,7 +13,7 @@ namespace velt::ui {
 // Each returns what went wrong, for the operator; "" when nothing did. A file that cannot be
 // written whole is left as it was.
 
-/// A sheet of `size` logical pixels, `scale` times as fine.
+/// A sheet of `size` logical pixels, `scale` times as fine. May run on any thread.
 [[nodiscard]] QString saveSheetPng(const ChartDrawing& drawing, const QSize& size, double scale,
                                    const QString& path);
 

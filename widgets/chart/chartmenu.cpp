@@ -31,7 +31,12 @@ void tell(TrendChart& chart, const QString& error) {
 }
 
 void savePicture(TrendChart& chart, const QString& path) {
-    tell(chart, saveSheetPng(chart.drawing(), chart.size(), chart.devicePixelRatioF(), path));
+    // Packing the picture takes longer than a window may stand still.
+    const auto error = std::make_shared<QString>();
+    chart.inBackground(
+        [drawing = chart.drawing(), size = chart.size(), ratio = chart.devicePixelRatioF(), path,
+         error](const auto&) { *error = saveSheetPng(drawing, size, ratio, path); },
+        [&chart, error] { tell(chart, *error); });
 }
 
 void savePdf(TrendChart& chart, const QString& path) {
