@@ -168,6 +168,7 @@ TEST_F(TrendChartTest, SavesPicturesAndSaysWhenItCannot) {
         return QString::fromStdString((folder / name).string());
     };
     saveWith("Salva immagine", path("grafico.png"));
+    EXPECT_TRUE(eventually([&] { return QFile::exists(path("grafico.png")); }));
     EXPECT_EQ(QImage(path("grafico.png")).size(), chart.size() * chart.devicePixelRatioF());
     saveWith("Salva PDF", path("grafico.pdf"));
     EXPECT_TRUE(test::bytesOf(folder / "grafico.pdf").starts_with("%PDF-"));
