@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace velt::qt {
 
@@ -105,7 +106,11 @@ bool QtListView::isOnCheckBox(const QPoint& position) const {
 }
 
 bool QtListView::eventFilter(QObject* watched, QEvent* event) {
-    if (!view_) return false;
+    // A view that is being destroyed sends events, too, and is no table view any more.
+    constexpr QEvent::Type Wanted[] = {QEvent::Resize, QEvent::KeyPress,
+                                       QEvent::MouseButtonDblClick, QEvent::MouseButtonPress,
+                                       QEvent::MouseButtonRelease};
+    if (!std::ranges::count(Wanted, event->type()) || !view_) return false;
     switch (event->type()) {
         case QEvent::Resize: fitColumn(); break;
         case QEvent::KeyPress: {
