@@ -169,6 +169,7 @@ public:
     void doubleClick(int row) {
         selected = row;
         DblClick.raise();
+        ItemActivate.raise();
     }
     void click(int row) {
         selected = row;

@@ -24,12 +24,5 @@ TEST(RowTextTest, WritesWhatASpreadsheetReadsBack) {
     EXPECT_EQ(text({}), "");
 }
 
-TEST(RowTextTest, StopsWhenAsked) {
-    const fakes::FakeRowSet set({"a"}, {{"x"}, {"y"}});
-    std::stop_source stop;
-    stop.request_stop();
-    EXPECT_EQ(tabSeparated(set, {{0, 1}}, Locale::italian(), stop.get_token()), "");
-}
-
 }  // namespace
 }  // namespace velt::qt

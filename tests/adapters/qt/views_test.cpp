@@ -7,28 +7,14 @@
 #include "tests/qtmain.h"
 
 #include <QAbstractItemModelTester>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace velt::qt {
 namespace {
 
-using testing::ElementsAre;
-
 constexpr auto Warn = QAbstractItemModelTester::FailureReportingMode::Warning;
-
-TEST(CheckListModelTest, IsAModel) {
-    CheckListModel model;
-    const QAbstractItemModelTester tester(&model, Warn);
-    for (const char* text : {"a", "b", "c"}) EXPECT_TRUE(model.add("", text));
-    EXPECT_TRUE(model.setData(model.index(1, 0), Qt::Checked, Qt::CheckStateRole));
-    EXPECT_FALSE(model.setData(model.index(1, 0), "text", Qt::EditRole));
-    model.clear();
-    EXPECT_TRUE(model.add("", "d"));
-}
 
 TEST(RowSetModelTest, IsAModelWhoseColumnsAreThoseTaken) {
     RowSetModel model(Locale::italian());
@@ -93,25 +79,6 @@ TEST_F(ListTest, ADoubleClickFlipsOnceWhereverItHits) {
     EXPECT_TRUE(list.Checked(3));
 }
 
-TEST_F(ListTest, TheKeyboardReachesEveryMark) {
-    view->setFocus();
-    view->setCurrentIndex(view->model()->index(0, 0));
-    QTest::keyClick(view, Qt::Key_Down);
-    QTest::keyClick(view, Qt::Key_Space);
-    EXPECT_TRUE(list.Checked(2));
-    QTest::keyClicks(view, "rtu03");
-    QTest::keyClick(view, Qt::Key_Space);
-    EXPECT_TRUE(list.Checked(3));
-}
-
-TEST_F(ListTest, TheColumnFillsTheListButIsNotNarrowerThanTheMinimum) {
-    list.AdjustColumns(150, 0);
-    EXPECT_EQ(view->columnWidth(0), view->viewport()->width());
-    view->resize(100, 200);
-    settle();
-    EXPECT_EQ(view->columnWidth(0), 150);
-}
-
 class GridTest : public testing::Test {
 protected:
     GridTest() {
@@ -124,10 +91,6 @@ protected:
         recordset->Open("q", connection, ado::OpenStatic, ado::LockReadOnly, -1);
         data.Recordset(recordset);
         grid.ReBind();
-        settle();
-    }
-    void press(int key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(view, static_cast<Qt::Key>(key), modifiers);
         settle();
     }
 
@@ -144,27 +107,6 @@ protected:
     std::shared_ptr<fakes::FakeRecordset> recordset =
         std::make_shared<fakes::FakeRecordset>(database);
 };
-
-TEST_F(GridTest, TheRecordGoesWithTheCurrentRow) {
-    EXPECT_EQ(view->currentIndex().row(), 0);
-    const struct {
-        int key;
-        Qt::KeyboardModifiers modifiers;
-        std::int32_t position;
-    } keys[] = {{Qt::Key_Down, {}, 2},
-                {Qt::Key_End, Qt::ControlModifier, 1000},
-                {Qt::Key_Up, {}, 999},
-                {Qt::Key_Home, Qt::ControlModifier, 1},
-                {Qt::Key_Down, Qt::ShiftModifier, 2}};
-    for (const auto& k : keys) {
-        press(k.key, k.modifiers);
-        EXPECT_EQ(data.AbsolutePosition(), k.position);
-        EXPECT_EQ(recordset->AbsolutePosition(), k.position);
-    }
-    EXPECT_EQ(view->selectionModel()->selectedRows().size(), 2) << "the selection stays";
-    press(Qt::Key_PageDown);
-    EXPECT_GT(data.AbsolutePosition(), 5);
-}
 
 TEST_F(GridTest, TheButtonsMoveTheCurrentRowAndStopAtTheEnds) {
     const auto buttons = bar->findChildren<MoveButton*>();
@@ -189,46 +131,6 @@ TEST_F(GridTest, QuickKeysEndWhereTheLastOneWent) {
     EXPECT_EQ(view->currentIndex().row(), 5);
 }
 
-TEST_F(GridTest, CopiesTheSelectedRowsInTheirOrder) {
-    const auto select = QItemSelectionModel::Select | QItemSelectionModel::Rows;
-    view->clearSelection();
-    view->selectionModel()->select(view->model()->index(2, 0), select);
-    view->selectionModel()->select(view->model()->index(0, 1), select);
-    view->setFocus();
-    press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), "31/12/1899\t1\n02/01/1900\t3");
-    view->clearSelection();
-    press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_FALSE(QGuiApplication::clipboard()->text().isEmpty()) << "nothing to copy";
-}
-
-TEST_F(GridTest, ADoubleClickOnTheHeadersDividerIsAResizeToo) {
-    std::vector<int> resized;
-    grid.ColResize.subscribe([&](int column) { resized.push_back(column); });
-    grid.ColumnWidth(0, 300 * TwipsPerPixel);
-    QHeaderView* header = view->horizontalHeader();
-    const QPoint divider(299, header->height() / 2);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, divider);
-    settle();
-    EXPECT_THAT(resized, ElementsAre());
-    QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, divider);
-    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, divider);
-    settle();
-    EXPECT_THAT(resized, ElementsAre(0));
-    EXPECT_LT(grid.ColumnWidth(0), 200 * TwipsPerPixel);
-}
-
-TEST_F(GridTest, LooksAsItWasSetUp) {
-    grid.FontSize(8);
-    grid.HeadFont(8, true);
-    grid.AllowRowSizing(false);
-    EXPECT_EQ(view->font().pointSize(), 8);
-    EXPECT_TRUE(view->horizontalHeader()->font().bold());
-    EXPECT_EQ(view->rowHeight(0), 20);
-    EXPECT_EQ(view->verticalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
-    EXPECT_FALSE(view->model()->flags(view->model()->index(0, 0)).testFlag(Qt::ItemIsEditable));
-}
-
 TEST(DeadWidgetsTest, AdaptersKeepWhatTheyHeld) {
     auto window = std::make_unique<QWidget>();
     const auto control = std::make_shared<TestControl>(window.get());
@@ -242,7 +144,6 @@ TEST(DeadWidgetsTest, AdaptersKeepWhatTheyHeld) {
 
     EXPECT_EQ(list.Count(), 1);
     EXPECT_TRUE(list.Checked(list.RowOf("k")));
-    EXPECT_EQ(list.SelectedItem(), 0);
     list.AdjustColumns(150, 0);
     list.Clear();
     fakes::FakeDatabaseState database;
@@ -251,12 +152,7 @@ TEST(DeadWidgetsTest, AdaptersKeepWhatTheyHeld) {
         std::vector<std::string>{"a"}, std::vector<std::vector<Variant>>{{"x"}});
     recordset->Open("q", std::make_shared<fakes::FakeConnection>(database), 3, 1, -1);
     data.Recordset(recordset);
-    data.Caption("Record 1 of 1");
-    grid.Visible(true);
     grid.ReBind();
-    grid.FontSize(8);
-    grid.HeadFont(8, true);
-    grid.AllowRowSizing(false);
     grid.ColumnWidth(0, 100);
     EXPECT_EQ(grid.ColumnCount(), 1);
 }
