@@ -17,12 +17,16 @@ as_root() {
   fi
 }
 
+# Further arguments of the configuration. Who runs no tests does without their packages:
+#   configure_arguments=(-DBUILD_TESTING=OFF)
+configure_arguments=()
+
 # Configures and builds a preset; further arguments go to the build.
 build_preset() {
   local preset=$1
   shift
   say "Building ($preset)"
-  cmake --preset "$preset" >"build-$preset.log" 2>&1 || { cat "build-$preset.log"; rm -f "build-$preset.log"; return 1; }
+  cmake --preset "$preset" "${configure_arguments[@]}" >"build-$preset.log" 2>&1 || { cat "build-$preset.log"; rm -f "build-$preset.log"; return 1; }
   rm -f "build-$preset.log"
   cmake --build --preset "$preset" -j "$(nproc)" "$@"
 }
