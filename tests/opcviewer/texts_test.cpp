@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
+// The texts of the item table.
 #include "opcviewer/quality.h"
+#include "opcviewer/valuetext.h"
 
 #include <gtest/gtest.h>
 
 namespace velt {
 namespace {
 
-TEST(Quality, EveryWordHasItsText) {
+TEST(ItemTexts, EveryQualityHasItsText) {
     const std::pair<int, const char*> known[] = {{0, "Bad"},
                                                  {4, "Config Error"},
                                                  {8, "Not Connected"},
@@ -27,6 +29,18 @@ TEST(Quality, EveryWordHasItsText) {
     // Limit bits, vendor bits and unknown sub-statuses are never masked away.
     for (const int quality : {1, 65, 72, 193, 194, 195, 217, 448, 65535, -1})
         EXPECT_EQ(DescrizioneQualita(quality), "Quality N° " + std::to_string(quality));
+}
+
+TEST(ItemTexts, Arrays) {
+    const std::pair<Variant, const char*> cases[] = {
+        {std::vector<std::uint8_t>{0, 255}, "(0; 255)"},
+        {std::vector<bool>{true, false}, "(Vero; Falso)"},
+        {std::vector<double>{1.5, 1e20}, "(1,5; 1E+20)"},
+        {std::vector<std::string>{"", "x", ""}, "(; x; )"},
+        {std::vector<Date>{Date(0.5)}, "(12.00.00)"},
+        {std::vector<double>{}, "()"},
+    };
+    for (const auto& [value, text] : cases) EXPECT_EQ(FormattaValore(value, Locale{}), text);
 }
 
 }  // namespace
