@@ -36,38 +36,5 @@ TEST(TextDictionary, NumbersEveryTextOnceAndKeepsItInPlace) {
     EXPECT_EQ(dictionary.text(100'000), large);
 }
 
-TEST(Column, TakesNumbersBeyondItsKind) {
-    const std::pair<FieldType, double> cases[] = {
-        {FieldType::Boolean, 2.0}, {FieldType::Byte, 256.0}, {FieldType::Byte, -1.0},
-        {FieldType::Integer, 4e4}, {FieldType::Long, 3e9},   {FieldType::Long, 0.5},
-        {FieldType::Single, 0.1},
-    };
-    for (const auto& [type, number] : cases) {
-        Column column(type);
-        column.append(0.0);
-        column.append(number);
-        EXPECT_EQ(column.type(), FieldType::Double);
-        EXPECT_EQ(column.value(1), Variant(number));
-    }
-}
-
-TEST(Column, OfMixedKindsBecomesText) {
-    Column column(FieldType::Unknown);
-    column.appendNull();
-    column.assume(FieldType::Long);
-    column.append(12.0);
-    column.append(std::string_view(""));
-    column.append(0.5);
-    EXPECT_EQ(column.value(0), Variant(Null{}));
-    EXPECT_EQ(column.value(1), Variant("12"));
-    EXPECT_EQ(column.value(2), Variant(""));
-    EXPECT_EQ(column.value(3), Variant("0.5"));
-
-    Column dates(FieldType::Date);
-    dates.append(38790.3125);
-    dates.append(std::string_view(""));
-    EXPECT_EQ(dates.value(0), Variant("2006-03-14 07:30:00"));
-}
-
 }  // namespace
 }  // namespace velt::access

@@ -12,14 +12,11 @@ TEST(Conditions, OfDates) {
     using Bound = std::optional<Date>;
     const Date start = Date::fromFields({2006, 3, 14, 7, 30, 0, 0});
     const Date end = Date::fromFields({2006, 4, 18, 7, 30, 0, 0});
-    const Date early = Date::fromFields({100, 1, 1, 0, 0, 0, 0});
     const Date nearlyMidnight = Date::fromFields({2006, 12, 31, 23, 59, 59, 1});
     const std::tuple<Bound, Bound, const char*> cases[] = {
         {start, end, "(Data >= #2006-03-14 07:30:00# AND Data <= #2006-04-18 07:30:00#)"},
         {start, {}, "(Data >= #2006-03-14 07:30:00#)"},
-        {{}, end, "(Data <= #2006-04-18 07:30:00#)"},
         {{}, {}, ""},
-        {early, {}, "(Data >= #0100-01-01 00:00:00#)"},
         // Milliseconds widen the range.
         {nearlyMidnight, nearlyMidnight,
          "(Data >= #2006-12-31 23:59:59# AND Data <= #2007-01-01 00:00:00#)"},
@@ -31,7 +28,6 @@ TEST(Conditions, OfDates) {
 
 TEST(Conditions, OfTextsDoubleTheQuotes) {
     EXPECT_EQ(fieldCondition("Allarme", "L'Aquila ''"), "Allarme = 'L''Aquila '''''");
-    EXPECT_EQ(fieldCondition("Allarme", ""), "Allarme = ''");
 }
 
 }  // namespace

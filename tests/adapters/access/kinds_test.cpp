@@ -64,10 +64,6 @@ TEST(Kinds, ComeAsTheyAreStored) {
     }
     EXPECT_THAT(file.texts("SELECT Max(T), Min(I), Count(*), Sum(L), Avg(D), Min(X) FROM Tipi"),
                 ElementsAre("1899-12-29 06:00:00|-32768|2|-2147483648|0.1|perché €"));
-    EXPECT_EQ(file.query("SELECT Max(T) FROM Tipi")->columnType(0), FieldType::Date);
-    EXPECT_THAT(
-        file.texts("SELECT B FROM Tipi WHERE Si = True AND C = 12345.6789 AND Y = '00abff'"),
-        ElementsAre("255"));
 }
 
 TEST(Kinds, NumbersThatAreNone) {
@@ -87,7 +83,6 @@ TEST(Kinds, NumbersThatAreNone) {
         EXPECT_THAT(std::vector<double>(values.begin() + 1, values.end()),
                     ElementsAre(-infinite, -0.0, 1e300, infinite));
     }
-    EXPECT_THAT(file.texts("SELECT Count(*) FROM Strani WHERE D > #1900-01-01#"), ElementsAre("2"));
 }
 
 TEST(Kinds, NamesAreFoundInAnyLetterCase) {
@@ -102,7 +97,6 @@ TEST(Kinds, NamesAreFoundInAnyLetterCase) {
     ASSERT_EQ(rows->rowCount(), 1U);
     EXPECT_EQ(rows->columnName(0), "Quantità");
     EXPECT_EQ(rows->columnName(1), "Città");
-    EXPECT_EQ(file.error("SELECT Quantita FROM Livelli").Number(), 3061);
 }
 
 }  // namespace

@@ -39,33 +39,22 @@ TEST_F(QueryError, NumbersAndDescriptions) {
     };
     const Case cases[] = {
         {"SELECT Sbagliata FROM Allarmi", UnknownColumn, "\"Sbagliata\""},
-        {"SELECT Sbagliata FROM Allarmi GROUP BY Sbagliata ORDER BY Sbagliata", UnknownColumn},
-        {"SELECT VRX FROM Allarmi WHERE VRX = RTU01", UnknownColumn},
         {"SELECT Data FROM [Non c'è]", UnknownTable, "\"Non c'è\""},
-        {"SELECT Data FROM Sbagliata GROUP BY Data", UnknownTable},
         {"SELECT name FROM MSysObjects", UnknownTable},
         {"SELECT Data FROM Allarmi a, Allarmi b", Ambiguous},
         {"SELECT Sbagliata(Data) FROM Allarmi", UnknownFunction},
-        {"SELECT Left(VRX) FROM Allarmi", Syntax},
-        {"SELECT Data FORM Allarmi WHERE 1 = 1", Syntax, "FORM Allarmi"},
         {"SELECT TOP 1 Data + 1 & [VRX] FORM Allarmi, Allarmi, Allarmi", Syntax,
          "[VRX] FORM Allarmi, Allarm..."},
         {"SELECT Data FROM Allarmi WHERE (VRX = 'L'Aquila')", Syntax},
-        {"SELECT Data FROM Allarmi LIMIT 1", Syntax},
         {"  ;", Syntax, "istruzione vuota"},
         {"SELECT a FROM t WHERE b = \"x'", Syntax, "stringa non chiusa"},
-        {"SELECT a FROM t WHERE b > #2006-03-14", Syntax, "data non chiusa"},
         {"SELECT Data FROM Allarmi WHERE (Data > #2006-02-30#)", Syntax, "#2006-02-30#"},
+        {"SELECT Data FROM Allarmi WHERE Data > #31/12/2006#", Syntax, "#31/12/2006#"},
         {"SELECT [a FROM t", Syntax, "nome non chiuso"},
-        {"SELECT [] FROM t", Syntax, "nome vuoto"},
         {"SELECT 12ab FROM t", Syntax, "numero non valido"},
-        {"SELECT 1.2.3 FROM t", Syntax, "numero non valido"},
         {"SELECT a FROM t WHERE b = ?", Syntax, "carattere non ammesso"},
         {"SELECT (a FROM t", Syntax, "parentesi non chiusa"},
-        {"SELECT a) FROM t", Syntax, "parentesi chiusa in più"},
-        {"SELECT TOP 1.5 a FROM t", Syntax, "TOP senza numero"},
         {"SELECT TOP 1 a FROM t UNION SELECT a FROM t", Syntax, "UNION"},
-        {"SELECT a FROM t UNION SELECT TOP 1 a FROM t", Syntax, "UNION"},
         {std::string("SELECT 'a\0b' FROM t", 19), Syntax, "stringa non chiusa"},
         {std::string("SELECT a\0 FROM t", 16), Syntax, "carattere non ammesso"},
         {"SELECT VRX FROM Allarmi WHERE Data = 'ieri'", Mismatch, "\"Data\""},
@@ -88,9 +77,6 @@ TEST_F(QueryError, ComparingKindsThatDoNotMatch) {
           "SELECT * FROM Storta WHERE Data BETWEEN #2006-03-14# AND #2006-03-15#",
           "SELECT * FROM Allarmi WHERE VRX <> 5", "SELECT * FROM Allarmi WHERE Data > 'a' & 'b'"})
         EXPECT_EQ(file_.error(statement).Number(), Mismatch) << statement;
-    // Without a comparison the kind does not matter.
-    EXPECT_THAT(file_.texts("SELECT Data, VRX FROM Storta ORDER BY Data"),
-                ElementsAre("-|-", "14/03/2006|1"));
     EXPECT_THAT(file_.texts("SELECT VRX FROM Storta WHERE Data = '14/03/2006'"), ElementsAre("1"));
 }
 
@@ -98,19 +84,14 @@ TEST_F(QueryError, NothingButSelectOverTheTablesIsAllowed) {
     const auto before = std::filesystem::file_size(file_.path());
     const std::pair<const char*, int> cases[] = {
         {"ATTACH 'altro.db' AS x", Unsupported},
-        {"PRAGMA table_list", Unsupported},
         {"UPDATE Allarmi SET VRX = ''", Unsupported},
-        {"WITH x AS (SELECT 1) SELECT * FROM x", Unsupported},
         {"SELECT * FROM sqlite_master", UnknownTable},
         {"SELECT * FROM pragma_table_list", Unsupported},
-        {"SELECT * FROM json_each('[1]')", UnknownTable},
         {"SELECT load_extension('x')", UnknownFunction},
         {"SELECT randomblob(1000000000)", UnknownFunction},
-        {"SELECT Data INTO Copia FROM Allarmi", Syntax},
         {"SELECT 1; DROP TABLE Allarmi", Syntax},
         {"SELECT * FROM Allarmi IN 'altro.mdb'", Syntax},
         {"SELECT * FROM Allarmi -- '\n; DROP TABLE Allarmi", Syntax},
-        {"SELECT * FROM [Allarmi](1)", Syntax},
     };
     for (const auto& [statement, number] : cases)
         EXPECT_EQ(file_.error(statement).Number(), number) << statement;
@@ -125,6 +106,11 @@ TEST_F(QueryError, LimitsOfLengthAndDepth) {
     std::string chain = "SELECT Data FROM Allarmi WHERE VRX = 'x'";
     for (int i = 0; i < 3000; ++i) chain += " OR Data = " + std::to_string(i);
     EXPECT_EQ(file_.error(chain).Number(), Syntax);
+
+    std::string stars;
+    for (int i = 0; i < 300; ++i) stars += "*a";
+    const std::string text(20'000, 'a');
+    EXPECT_EQ(file_.texts("SELECT '" + text + "' LIKE '" + stars + "b'").front(), "0");
 
     // As many stations as anybody will have are no such chain.
     std::string stations = "(VRX = 'RTU01')";
@@ -157,12 +143,6 @@ TEST_F(QueryError, EndlessQueryEndsAtItsTimeLimitAndWhenStopped) {
     stop.request_stop();
     worker.join();
     EXPECT_EQ(stopped.Number(), Cancelled);
-    for (const char* statement : {"SELECT VRX FROM Allarmi GROUP BY VRX", "SELECT * FROM Allarmi"})
-        EXPECT_EQ(errorOf([&] {
-                      static_cast<void>(QueryEngine(file_.path()).run(statement, stop.get_token()));
-                  }),
-                  ErrorNumber::Cancelled)
-            << statement;
 }
 
 TEST_F(QueryError, ResultBeyondTheMemoryLimit) {
