@@ -12,7 +12,6 @@
 
 #include <functional>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace velt::jet::test {
 namespace {
@@ -85,14 +84,6 @@ TEST_F(BadFile, IsRefusedWithItsReason) {
         expectError(c.number, c.reason, p, [&p] { static_cast<void>(Database::open(p)); });
         expectError(c.number, c.reason, p, [&p] { static_cast<void>(Writer::open(p)); });
     }
-}
-
-TEST_F(BadFile, IsRefusedWithoutPermission) {
-    if (::geteuid() == 0) GTEST_SKIP() << "root may read everything";
-    writeEveryType(file(), Version::Jet4);
-    ::chmod(file().c_str(), 0);
-    expectError(ErrorNumber::PathAccess, "permesso negato", file(),
-                [this] { static_cast<void>(Database::open(file())); });
 }
 
 // However much is missing: an error, or all rows that were written.

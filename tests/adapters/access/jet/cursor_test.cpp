@@ -130,24 +130,6 @@ TEST_F(CursorTest, ReadsColumnsAddedLaterAsNull) {
     EXPECT_EQ(canonicalCell(rows, t, 1), "N");
 }
 
-TEST_F(CursorTest, SeeksAndGoesOnFromThere) {
-    write(1000);
-    const RowId place700 = place(700);
-    const RowId place10 = place(10);
-    patch([&](PatchedFile& file) { file.markDeleted(place10.page, place10.row); });
-    Cursor rows(table());
-    ASSERT_TRUE(rows.seek(place700));
-    EXPECT_EQ(rows.integer(0), 700);
-    EXPECT_EQ(rows.rowId(), place700);
-    ASSERT_TRUE(rows.next());
-    EXPECT_EQ(rows.integer(0), 701);
-    for (const RowId nowhere : {place10, RowId{place10.page, 255}, RowId{2, 0}, RowId{999999, 0}})
-        EXPECT_FALSE(rows.seek(nowhere));
-    rows.rewind();
-    ASSERT_TRUE(rows.next());
-    EXPECT_EQ(rows.integer(0), 0);
-}
-
 TEST_F(CursorTest, ReportsDamagedLongValues) {
     const std::vector<ColumnDefinition> columns{{"M", ColumnType::Memo}};
     const std::string memo(10'000, 'm');

@@ -76,27 +76,6 @@ TEST_P(RoundTrip, KeepsRowsOfEveryLength) {
     while (cursor.next()) EXPECT_LT(cursor.rowId().row, 255);
 }
 
-TEST_P(RoundTrip, GoesOnWithAnExistingFile) {
-    const std::vector<ColumnDefinition> columns{{"N", ColumnType::Long}, {"M", ColumnType::Memo}};
-    std::vector<Row> rows;
-    { static_cast<void>(Writer::create(file(), GetParam())); }
-    for (int session = 0; session < 60; ++session) {
-        Writer writer = Writer::open(file());
-        if (session == 0) writer.createTable("T", columns);
-        for (int i = 0; i <= session % 7; ++i) {
-            rows.push_back({static_cast<std::int32_t>(rows.size()),
-                            std::string(rows.size() * 5, static_cast<char>('a' + session % 26))});
-            writer.append(i % 2 == 0 ? "T" : "t", rows.back());
-        }
-        if (session == 30) writer.createTable("Altra", columns);
-    }
-    const auto database = Database::open(file());
-    expectRows(database->table("T"), columns, rows);
-    expectRows(database->table("altra"), columns, {});
-    // Sessions fill up one another's pages.
-    EXPECT_LT(std::filesystem::file_size(file()), 400'000U);
-}
-
 TEST_P(RoundTrip, TakesDefinitionsLongerThanAPage) {
     std::vector<ColumnDefinition> columns;
     Row row;

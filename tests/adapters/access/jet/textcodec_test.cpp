@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/jet/textcodec.h"
 
-#include "adapters/access/jet/textencoder.h"
-#include "platform/runtimeerror.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -61,50 +58,6 @@ TEST(TextCodec, SeesTheOneByteThatIsNotPlain) {
                 text[at] = odd;
                 EXPECT_EQ(isPlain(asBytes(text)), odd == '\x01' || odd == '\x7F');
             }
-}
-
-TEST(TextCodec, EncodesWhatItDecodes) {
-    for (const std::string text : {"", "a", "ab", "abc", "à", "è più caldo", "€", "tre €",
-                                   "\u0100\u0101\u0102", "\U0001F600", "a\U0001F600"})
-        for (const bool compressible : {false, true}) {
-            std::vector<std::uint8_t> stored;
-            appendText(text, Jet4, compressible, stored);
-            EXPECT_EQ(decodeText(stored, Jet4), text);
-        }
-    std::vector<std::uint8_t> stored;
-    EXPECT_EQ(appendText("tre € più", Jet3, false, stored), 9U);
-    EXPECT_EQ(decodeText(stored, Jet3), "tre € più");
-}
-
-TEST(TextCodec, CountsTheCharactersOfTheFile) {
-    std::vector<std::uint8_t> stored;
-    EXPECT_EQ(appendText("città", Jet4, true, stored), 5U);
-    EXPECT_EQ(stored.size(), 7U);  // with the mark of compressed text
-    EXPECT_EQ(appendText("\U0001F600", Jet4, true, stored), 2U);
-}
-
-TEST(TextCodec, ReplacesWhatIsNotUtf8) {
-    for (const std::string broken :
-         {"\x80", "\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xE2\x82", "\xFF"}) {
-        std::vector<std::uint8_t> stored;
-        appendText("a" + broken + "b", Jet4, true, stored);
-        const std::string text = decodeText(stored, Jet4);
-        EXPECT_EQ(text.substr(0, 4), "a\uFFFD") << testing::PrintToString(broken);
-        EXPECT_EQ(text.back(), 'b');
-    }
-}
-
-TEST(TextCodec, RefusesWhatTheFormatCannotHold) {
-    std::vector<std::uint8_t> stored;
-    EXPECT_THROW(appendText("\uFEFFabc", Jet4, true, stored), RuntimeError);
-    EXPECT_THROW(appendText("\u0100", Jet3, false, stored), RuntimeError);
-}
-
-TEST(TextCodec, ComparesNamesCaseBlind) {
-    EXPECT_TRUE(sameName("Località", "LOCALITÀ"));
-    EXPECT_FALSE(sameName("Località", "Localita"));
-    EXPECT_FALSE(sameName("×", "÷"));  // 0xD7 and 0xF7 are no letters
-    EXPECT_FALSE(sameName("[", "{"));
 }
 
 }  // namespace

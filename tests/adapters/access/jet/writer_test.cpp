@@ -38,86 +38,6 @@ std::uint64_t rowsOf(const std::filesystem::path& file, const std::string& table
     return digest(Database::open(file)->table(table)).rows;
 }
 
-TEST_F(WriterTest, ChecksValuesAgainstColumns) {
-    const auto columns = everyType();
-    const struct {
-        const char* column;
-        Variant value;
-        ErrorNumber number;
-    } cases[] = {
-        {"Bool", std::int32_t{1}, ErrorNumber::TypeMismatch},
-        {"Byte", std::int32_t{256}, ErrorNumber::Overflow},
-        {"Byte", std::int32_t{-1}, ErrorNumber::Overflow},
-        {"Lungo", 2147483648.0, ErrorNumber::Overflow},
-        {"Lungo", 1.5, ErrorNumber::TypeMismatch},
-        {"Valuta", 922337203685478.0, ErrorNumber::Overflow},
-        {"Data", 38000.0, ErrorNumber::TypeMismatch},
-        {"Doppia", Date(1.0), ErrorNumber::TypeMismatch},
-        {"Testo", std::string(101, 'x'), ErrorNumber::Overflow},
-        {"Binario", std::vector<std::uint8_t>(511), ErrorNumber::Overflow},
-        {"Codice", std::vector<std::uint8_t>(15), ErrorNumber::Overflow},
-        {"Decimale", std::string("1.23456"), ErrorNumber::Overflow},
-        {"Decimale", std::string("12,5"), ErrorNumber::Overflow},
-    };
-    Writer writer = Writer::create(file());
-    writer.createTable("T", columns);
-    for (const auto& c : cases) {
-        Row row = everyTypeRows().front();
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            if (columns[i].name == c.column) row[i] = c.value;
-        expectError(
-            c.number, [&] { writer.append("T", row); }, c.column);
-    }
-    expectError(ErrorNumber::InvalidCall, [&] { writer.append("T", Row(3)); });
-    expectError(ErrorNumber::UnknownTable, [&] { writer.append("Manca", Row(3)); });
-    writer.flush();
-    EXPECT_EQ(rowsOf(file(), "T"), 0U);
-}
-
-TEST_F(WriterTest, RefusesRowsLongerThanAPage) {
-    std::vector<ColumnDefinition> columns;
-    for (int i = 0; i < 20; ++i)
-        columns.push_back({"C" + std::to_string(i), ColumnType::Text, 255});
-    Writer writer = Writer::create(file());
-    writer.createTable("T", columns);
-    expectError(ErrorNumber::Overflow, [&] { writer.append("T", Row(20, std::string(255, 'x'))); });
-    writer.append("T", Row(20, std::string(190, 'x')));
-    writer.flush();
-    EXPECT_EQ(rowsOf(file(), "T"), 1U);
-}
-
-TEST_F(WriterTest, RefusesTablesThatTheFormatDoesNotAllow) {
-    using Columns = std::vector<ColumnDefinition>;
-    const Columns good{{"N", ColumnType::Long}};
-    const struct {
-        std::string name;
-        Columns columns;
-    } cases[] = {
-        {"", good},
-        {std::string(65, 'x'), good},
-        {"Città", good},  // its place in the catalogue's index is not known
-        {"esiste", good},
-        {"T", {}},
-        {"T", Columns(256, {"N", ColumnType::Long})},
-        {"T", {{"", ColumnType::Long}}},
-        {"T", {{"A", ColumnType::Long}, {"a", ColumnType::Long}}},
-        {"T", {{"A", ColumnType::Text, 256}}},
-        {"T", {{"A", ColumnType::BigInt}}},
-        {"T", {{"A", ColumnType::Numeric, 0, 29, 0}}},
-        {"T", {{"A", ColumnType::Numeric, 0, 4, 5}}},
-    };
-    Writer writer = Writer::create(file());
-    writer.createTable("Esiste", good);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        expectError(ErrorNumber::InvalidCall, [&] { writer.createTable(c.name, c.columns); });
-    }
-    EXPECT_THAT(Database::open(file())->tableNames(), testing::ElementsAre("Esiste"));
-    expectError(ErrorNumber::InvalidCall, [&] {
-        static_cast<void>(Writer::create(folder_ / "2007.accdb", Version::Ace2007));
-    });
-}
-
 TEST_F(WriterTest, CreatesNoFileOverAnother) {
     velt::test::writeBytes(file(), "altro");
     expectError(ErrorNumber::PathAccess, [this] { static_cast<void>(Writer::create(file())); });
@@ -150,28 +70,6 @@ TEST_F(WriterTest, RefusesTablesWithAnIndex) {
     expectError(
         ErrorNumber::InvalidCall, [&] { writer.append("Indicizzata", row); }, "indice");
     EXPECT_EQ(Database::open(file())->table("Indicizzata").columns().size(), 2U);
-}
-
-TEST_F(WriterTest, CataloguesManyTablesUntilItsIndexIsFull) {
-    const std::vector<ColumnDefinition> columns{{"N", ColumnType::Long}};
-    Writer writer = Writer::create(file());
-    std::vector<std::string> names;
-    expectError(
-        ErrorNumber::InvalidCall,
-        [&] {
-            for (std::int32_t i = 0; i < 1000; ++i) {
-                const std::string name = "Tabella " + std::to_string(i);
-                writer.createTable(name, columns);
-                names.push_back(name);
-                writer.append(name, Row{i});
-            }
-        },
-        "troppe tabelle");
-    writer.flush();
-    EXPECT_GT(names.size(), 80U);
-    const auto database = Database::open(file());
-    EXPECT_EQ(database->tableNames(), names);
-    EXPECT_EQ(digest(database->table(names.back())).rows, 1U);
 }
 
 /// Lets no file of this process grow beyond `size`, as a full disk does.
@@ -226,12 +124,6 @@ TEST_F(WriterTest, FullDiskLeavesWhatWasThereAndGoesOnLater) {
     }
     EXPECT_FALSE(cursor.next());
     EXPECT_EQ(cursor.unreadableRows(), 0U);
-}
-
-TEST_F(WriterTest, RemovesAFileThatCouldNotBeCreated) {
-    const FullDisk disk(20'000);
-    expectError(ErrorNumber::PathAccess, [this] { static_cast<void>(Writer::create(file())); });
-    EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
 }  // namespace
