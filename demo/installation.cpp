@@ -72,7 +72,7 @@ struct Installation::Impl {
 
     void writeConfig(const std::vector<PlantStation>& stations) {
         // A host name alone means the usual port.
-        std::string host = "localhost";
+        std::string host = "127.0.0.1";
         if (server && server->port() != DefaultPort) host = server->endpoint();
         ini::IniSettingsFactory settings(clock, {.log = options.log});
         writePlantConfig(settings, options.folder / ConfigName, host, stations);

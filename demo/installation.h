@@ -44,7 +44,7 @@ public:
     [[nodiscard]] std::filesystem::path settingsFile() const;
     /// The plant's configuration, "VeltRTU.ini"; the stations' databases lie beside it.
     [[nodiscard]] std::filesystem::path configFile() const;
-    /// "opc.tcp://localhost:PORT"; "" without a server.
+    /// "opc.tcp://127.0.0.1:PORT"; "" without a server.
     [[nodiscard]] std::string opcEndpoint() const;
 
 private:

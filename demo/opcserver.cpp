@@ -75,7 +75,8 @@ struct OpcServer::Impl {
             secure(config, *options.security);
         else
             check(UA_ServerConfig_setMinimal(&config, 0, nullptr), "Configurazione del server");
-        // All loopback addresses, and no others: the library's choice would be every address.
+        // Loopback alone: the library's choice would be every address. As a number, since a machine
+        // may know no "localhost".
         UA_Array_delete(config.serverUrls, config.serverUrlsSize, &UA_TYPES[UA_TYPES_STRING]);
         const std::string url = endpoint();
         config.serverUrls = static_cast<UA_String*>(UA_Array_new(1, &UA_TYPES[UA_TYPES_STRING]));
@@ -124,7 +125,7 @@ struct OpcServer::Impl {
     }
 
     [[nodiscard]] std::string endpoint() const {
-        return "opc.tcp://localhost:" + std::to_string(port);
+        return "opc.tcp://127.0.0.1:" + std::to_string(port);
     }
 
     OpcServerOptions options;

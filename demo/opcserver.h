@@ -31,7 +31,7 @@ public:
     OpcServer(OpcServerOptions options, std::vector<std::unique_ptr<ServerPart>> parts);
     ~OpcServer();
 
-    /// "opc.tcp://localhost:PORT"
+    /// "opc.tcp://127.0.0.1:PORT"
     [[nodiscard]] std::string endpoint() const;
     [[nodiscard]] std::uint16_t port() const;
 

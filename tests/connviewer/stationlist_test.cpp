@@ -18,6 +18,21 @@ using StationListTest = ConnViewerFixture;
 const std::vector<std::string> Eight = {"RTU01", "RTU02", "RTU03", "RTU04",
                                         "RTU05", "RTU06", "RTU07", "RTU08"};
 
+TEST_F(StationListTest, AConnectionListsTheStationsAndAsksTheirStates) {
+    start();
+    lblLog.Caption("Runtime non attivo!!");
+    t.Enabled(true);
+    client().link({"RTU01", "", "Pozzo \"L'Aquila\" à\\"});
+    EXPECT_THAT(listed(), ElementsAre("RTU01", "Pozzo \"L'Aquila\" à\\"));
+    EXPECT_EQ(lvVRX.Key(2), "Pozzo \"L'Aquila\" à\\");
+    EXPECT_THAT(log(),
+                ElementsAre("RichiediStatoRTU RTU01", "RichiediStatoRTU Pozzo \"L'Aquila\" à\\"));
+    EXPECT_EQ(lblProgetto.Caption(), "Acquedotto");
+    EXPECT_EQ(lblVersione.Caption(), "1.2.3");
+    EXPECT_EQ(lblLog.Caption(), "");
+    EXPECT_FALSE(t.Enabled());
+}
+
 TEST_F(StationListTest, AReconnectionWithSeveralStationsHalvesTheOldRecordsUntilOneIsLeft) {
     startWith(Eight);
     ASSERT_THAT(listed(), SizeIs(8));
@@ -77,6 +92,17 @@ TEST_F(StationListTest, AStateGoesToItsRecordAndAClickAsksForIt) {
     lvVRX.click(2);
     EXPECT_EQ(lblStato.Caption(), "Downloading");
     EXPECT_EQ(lblVRX.Caption(), "RTU02");
+}
+
+TEST_F(StationListTest, ErrorsOfTheRuntimeGoToTheLog) {
+    startWith({"RTU01", "RTU02"});
+    client().Errore.raise("nessuna risposta", "RTU02");
+    EXPECT_EQ(lblLog.Caption(), "'RTU02': nessuna risposta");
+    EXPECT_THAT(log(), ElementsAre("RichiediStatoRTU RTU02"));
+    log().clear();
+    client().Errore.raise("linea guasta", "");
+    EXPECT_EQ(lblLog.Caption(), "linea guasta");
+    EXPECT_THAT(log(), ElementsAre("RichiediStatoRTU RTU01", "RichiediStatoRTU RTU02"));
 }
 
 TEST_F(StationListTest, MoreStationsThanA16BitCountAreAnOverflow) {

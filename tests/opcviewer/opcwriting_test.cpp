@@ -15,13 +15,25 @@ protected:
         txtScrittura.text = text;
         cmdScrivi.click();
     }
+    const int livello = 1, rotto = 2, soglia = 3;  // rows
 };
 
-TEST_F(OPCWritingTest, NothingToWriteOrNothingToWriteToIsSilent) {
+TEST_F(OPCWritingTest, WritesIntoTheSelectedItem) {
     showAll();
-    write(3, "");
+    cmdAggiornaDati.click();  // handles are no row numbers any more
+    write(soglia, "12;13");
+    ASSERT_EQ(plant().written.size(), 1u);
+    EXPECT_EQ(plant().written[0].first, "RTU01.Soglia");
+    EXPECT_EQ(plant().written[0].second, Variant(std::int16_t{12}));
+    EXPECT_THAT(messages(), IsEmpty());
+}
+
+TEST_F(OPCWritingTest, NothingToWriteOrNothingToWriteToIsSilent) {
     write(0, "12");
-    write(2, "12");  // refused by the server
+    showAll();
+    write(soglia, "");
+    write(0, "12");
+    write(rotto, "12");
     plant().branches = {{"RTU01", {{"Rotto", vartype::R8, true}}}};
     cmdAggiornaDati.click();
     cmdEliminaTutto.click();
