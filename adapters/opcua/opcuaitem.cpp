@@ -33,9 +33,14 @@ void OpcUaItem::Write(const Variant& value) {
         status =
             connection_->wait([node = identity_.node, converted, sent](
                                   UA_Client& client, ThreadSide&, const std::stop_token& stop) {
-                // Cancelled while it waited for its turn: it must not happen later on.
-                if (stop.stop_requested()) return UA_STATUSCODE_BADREQUESTCANCELLEDBYCLIENT;
+                // Before the look at the token: who cancels right after it must not be told that
+                // nothing was written.
                 *sent = true;
+                // Cancelled while it waited for its turn: it must not happen later on.
+                if (stop.stop_requested()) {
+                    *sent = false;
+                    return UA_STATUSCODE_BADREQUESTCANCELLEDBYCLIENT;
+                }
                 // The value alone: many servers refuse a status or time stamps from a client.
                 UA_WriteValue write{};
                 write.nodeId = *node;
