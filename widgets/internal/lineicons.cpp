@@ -12,8 +12,6 @@ namespace {
 
 const QColor Grey(0x75, 0x75, 0x75);
 const QColor Amber(0xe0, 0xa0, 0x00);
-const QColor Green(0x1b, 0x8a, 0x3a);
-const QColor Red(0xc6, 0x28, 0x28);
 const QColor Blue(0x1a, 0x66, 0xc2);
 
 void stroke(QPainter& painter, const QColor& color) {
@@ -40,22 +38,6 @@ void dialing(QPainter& painter) {
     for (const qreal x : {4.5, 8.0, 11.5}) painter.drawPoint(QPointF(x, 8));
 }
 
-/// A disc with a tick.
-void connected(QPainter& painter) {
-    fill(painter, Green);
-    painter.drawEllipse(QRectF(1.5, 1.5, 13, 13));
-    stroke(painter, Qt::white);
-    painter.drawPolyline(QPolygonF({{4.8, 8.3}, {7.1, 10.7}, {11.3, 5.6}}));
-}
-
-/// A square with a bar.
-void busy(QPainter& painter) {
-    fill(painter, Red);
-    painter.drawRoundedRect(QRectF(1.5, 1.5, 13, 13), 1.5, 1.5);
-    stroke(painter, Qt::white);
-    painter.drawLine(QPointF(4.5, 8), QPointF(11.5, 8));
-}
-
 /// A cross.
 void disconnecting(QPainter& painter) {
     stroke(painter, Grey);
@@ -75,12 +57,13 @@ void downloading(QPainter& painter) {
 }  // namespace
 
 std::vector<qt::ListPicture> lineStatePictures() {
-    void (*const drawings[])(QPainter&) = {disconnected, dialing,       connected,
-                                           busy,         disconnecting, downloading};
+    // A disc with a tick and a square with a bar mean here what they mean in the item table.
+    const QIcon icons[] = {qt::makeStateIcon(disconnected),  qt::makeStateIcon(dialing),
+                           qt::stateIcon("verde"),           qt::stateIcon("rossa"),
+                           qt::makeStateIcon(disconnecting), qt::makeStateIcon(downloading)};
     std::vector<qt::ListPicture> pictures;
-    for (std::int32_t code = 0; code < std::ssize(drawings); ++code)
-        pictures.push_back(
-            {qt::makeStateIcon(drawings[code]), QString::fromUtf8(lineState(code)->caption)});
+    for (std::int32_t code = 0; code < std::ssize(icons); ++code)
+        pictures.push_back({icons[code], QString::fromUtf8(lineState(code)->caption)});
     return pictures;
 }
 
