@@ -31,6 +31,7 @@ set(CPACK_COMPONENT_DEV_DESCRIPTION
 set(CPACK_DEBIAN_DESIGNER_PACKAGE_NAME velt-viewers-designer)
 set(CPACK_DEBIAN_DESIGNER_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_DESIGNER_PACKAGE_DEPENDS "${library_package} ${same_version}")
+set(CPACK_DEBIAN_DESIGNER_PACKAGE_RECOMMENDS "designer-qt6")
 set(CPACK_COMPONENT_DESIGNER_DESCRIPTION
   "Controls for telecontrol operator stations: form designer\n Plugins of Qt Designer with the four controls and their property pages.")
 
