@@ -2,6 +2,7 @@
 #include "adapters/standard/standardservices.h"
 #include "demo/installation.h"
 #include "panel/velt-panel/clicks.h"
+#include "panel/velt-panel/endsignals.h"
 #include "panel/velt-panel/forms.h"
 #include "panel/velt-panel/hostwindow.h"
 #include "panel/velt-panel/options.h"
@@ -23,6 +24,13 @@
 namespace velt::panel {
 namespace {
 
+/// Ends the program also when a dialog stands in front of the window.
+void end(HostWindow& window, int exitCode) {
+    if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
+    window.close();
+    QApplication::exit(exitCode);
+}
+
 void takePicture(HostWindow& window, const Options& options) {
     QTimer::singleShot(static_cast<int>(options.screenshotAfter * 1000), &window, [&] {
         // A message to the operator stands in front of the window: it is what he sees.
@@ -30,9 +38,7 @@ void takePicture(HostWindow& window, const Options& options) {
         const bool saved = (modal ? modal : &window)->grab().save(options.screenshot);
         if (!saved)
             std::fprintf(stderr, "velt-panel: cannot write %s\n", qPrintable(options.screenshot));
-        if (modal) modal->close();
-        window.close();
-        QApplication::exit(saved ? 0 : 1);
+        end(window, saved ? 0 : 1);
     });
 }
 
@@ -75,6 +81,7 @@ int run(const Options& options) {
     const QDir formFolder =
         options.form.isEmpty() ? QDir::current() : QFileInfo(options.form).absoluteDir();
     assign(sources, formFolder, *window.centralWidget());
+    const EndSignals endSignals([&window] { end(window, 0); });
     window.show();
     if (!options.clicks.isEmpty()) new Clicks(window, options.clicks);
     if (!options.screenshot.isEmpty()) takePicture(window, options);
@@ -96,6 +103,7 @@ int main(int argc, char** argv) {
     }
     if (!options) return exitCode;
 
+    velt::panel::EndSignals::holdBack();
     const QApplication application(argc, argv);
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     QTranslator translator;  // Qt's own dialogs

@@ -39,10 +39,11 @@ constexpr const char* Form = R"(<?xml version="1.0" encoding="UTF-8"?>
 class PanelTest : public testing::Test {
 protected:
     Outcome run(std::vector<std::string> arguments) {
-        return test::runProgram(VELT_PANEL, std::move(arguments), [this] {
-            setenv("QT_QPA_PLATFORM", "offscreen", 1);
-            setenv("XDG_RUNTIME_DIR", folder.path().c_str(), 1);
-        });
+        return test::runProgram(VELT_PANEL, std::move(arguments), [this] { prepare(); });
+    }
+    void prepare() {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        setenv("XDG_RUNTIME_DIR", folder.path().c_str(), 1);
     }
     std::string at(const std::string& name) { return (folder / name).string(); }
 
@@ -101,6 +102,21 @@ TEST_F(PanelTest, LoadsAFormWhoseControlsKeepSeparateSettings) {
     EXPECT_THAT(saved, HasSubstr("[AlarmViewer_Allarmi1]"));
     EXPECT_THAT(saved, HasSubstr("[AlarmViewer_Allarmi2]"));
     EXPECT_THAT(saved, testing::Not(HasSubstr("ListCount"))) << "its lists were never filled";
+}
+
+TEST_F(PanelTest, SavesTheChoicesWhenASignalEndsIt) {
+    setenv("PANEL", VELT_PANEL, 1);
+    for (const std::string signal : {"TERM", "HUP"}) {
+        const std::string data = at(signal);
+        const Outcome outcome = test::runProgram("/bin/sh",
+                                                 {"-c", R"("$PANEL" --demo --data "$1" & panel=$!
+                      until [ -s "$1/VeltRTU.ini" ]; do sleep 0.05; done
+                      kill -s "$2" $panel; wait $panel)",
+                                                  "sh", data, signal},
+                                                 [this] { prepare(); });
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.error;
+        EXPECT_THAT(test::bytesOf(data + "/pannello.ini"), HasSubstr("[AlarmViewer_AlarmViewer1]"));
+    }
 }
 
 TEST_F(PanelTest, SaysWhyItCannotStart) {
