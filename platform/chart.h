@@ -60,12 +60,12 @@ struct ChartPoint {
     friend bool operator==(const ChartPoint&, const ChartPoint&) = default;
 };
 
-/// Of the samples in view. Without any (`count` 0) the numbers mean nothing.
+/// Of what is in view. Without a sample there (`count` 0) the numbers mean nothing.
 struct ChartStatistics {
     std::size_t count = 0;
-    double minimum = 0;
+    double minimum = 0;  ///< of the samples and, in steps, of the value at the start of the view
     double maximum = 0;
-    double mean = 0;  ///< weighted by the time that each value lasted
+    double mean = 0;  ///< weighted by the time in view that each value lasted
     double last = 0;
 };
 

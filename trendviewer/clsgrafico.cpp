@@ -17,17 +17,18 @@ auto& penAt(Pens& pens, int index) {
     return pens[static_cast<std::size_t>(index)];
 }
 
+/// Of a chart without a detected one.
+std::int16_t periodoPredefinito(std::int32_t seconds) {
+    constexpr std::int32_t Longest = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::clamp(seconds / MaxPuntiGrafico, 1, Longest));
+}
+
 }  // namespace
 
 std::int16_t PuntiGrafico(std::int32_t seconds, std::int16_t period) {
     if (period == 0) throw RuntimeError(ErrorNumber::DivisionByZero);
     const double quotient = static_cast<double>(seconds) / period;
     return conversions::roundToInt16(std::min<double>(quotient, MaxPuntiGrafico));
-}
-
-std::int16_t periodoPredefinito(std::int32_t seconds) {
-    constexpr std::int32_t Longest = std::numeric_limits<std::int16_t>::max();
-    return static_cast<std::int16_t>(std::clamp(seconds / MaxPuntiGrafico, 1, Longest));
 }
 
 BaseTempi calcolaBaseTempi(std::int32_t seconds, std::int16_t period) {
@@ -43,7 +44,6 @@ int clsGrafico::NumeroPenneSelezionate() const {
 }
 
 void clsGrafico::Lunghezza(std::int32_t seconds) {
-    length_ = seconds;
     std::int16_t shortest = 0;
     for (const clsPenna& pen : pens_) {
         const bool counts = pen.Selezionata && pen.PeriodoCampionamento > 0;
@@ -51,7 +51,7 @@ void clsGrafico::Lunghezza(std::int32_t seconds) {
             shortest = pen.PeriodoCampionamento;
     }
     period_ = shortest > 0 ? shortest : periodoPredefinito(seconds);
-    base_ = calcolaBaseTempi(seconds, period_);
+    base_ = calcolaBaseTempi(std::max(seconds, 0), period_);
 }
 
 }  // namespace velt

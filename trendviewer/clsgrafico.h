@@ -17,9 +17,6 @@ inline constexpr std::int16_t MaxPuntiGrafico = 1000;
 /// MaxPuntiGrafico. RuntimeError 11 for a period of 0, RuntimeError 6 for a count below 16 bits.
 [[nodiscard]] VELT_API std::int16_t PuntiGrafico(std::int32_t seconds, std::int16_t period);
 
-/// The period of a chart without a detected one: a thousandth of its length, at least 1 second.
-[[nodiscard]] VELT_API std::int16_t periodoPredefinito(std::int32_t seconds);
-
 /// The time base of a drawing: point i stands for the start + i * SecondiPerPunto.
 struct BaseTempi {
     std::int16_t PuntiGrafico = 1;  ///< at least 1
@@ -40,15 +37,14 @@ public:
 
     /// Computes the time base for a window of `seconds` from the periods of the selected pens.
     void Lunghezza(std::int32_t seconds);
-    [[nodiscard]] std::int32_t Lunghezza() const { return length_; }
-    /// Seconds: the shortest period detected among the selected pens.
+    /// Seconds: the shortest period detected among the selected pens; without any a thousandth of
+    /// the window, at least 1.
     [[nodiscard]] std::int16_t PeriodoCampionamento() const { return period_; }
     [[nodiscard]] std::int16_t PuntiGrafico() const { return base_.PuntiGrafico; }
     [[nodiscard]] double SecondiPerPunto() const { return base_.SecondiPerPunto; }
 
 private:
     std::array<clsPenna, ChartSeriesCount> pens_;
-    std::int32_t length_ = 0;
     std::int16_t period_ = 1;
     BaseTempi base_;
 };

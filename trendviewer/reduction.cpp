@@ -7,18 +7,20 @@
 namespace velt {
 namespace {
 
-/// The parts of the runs that lie in view.
-std::vector<SampleRun> runsInView(const ChartSamples& samples, ChartTime from, ChartTime to) {
-    const auto& times = samples.times;
-    const auto first =
-        static_cast<std::size_t>(std::ranges::lower_bound(times, from) - times.begin());
-    const auto last = static_cast<std::size_t>(std::ranges::upper_bound(times, to) - times.begin());
+/// The parts of the runs that lie among the samples from `first` to before `behind`.
+std::vector<SampleRun> runsWithin(const ChartSamples& samples, std::size_t first,
+                                  std::size_t behind) {
     std::vector<SampleRun> parts;
-    if (first >= last) return parts;
     auto run = std::ranges::upper_bound(samples.runs, first, {}, &SampleRun::end);
-    for (; run != samples.runs.end() && run->begin < last; ++run)
-        parts.push_back({std::max(run->begin, first), std::min(run->end, last)});
+    for (; run != samples.runs.end() && run->begin < behind; ++run)
+        parts.push_back({std::max(run->begin, first), std::min(run->end, behind)});
     return parts;
+}
+
+/// Whether sample i - 1 and sample i belong together.
+bool joined(const ChartSamples& samples, std::size_t i) {
+    const auto run = std::ranges::upper_bound(samples.runs, i, {}, &SampleRun::end);
+    return run != samples.runs.end() && run->begin < i;
 }
 
 ChartPoint pointOf(const ChartSamples& samples, std::size_t begin, std::size_t end) {
@@ -72,32 +74,6 @@ std::vector<ChartPoint> pointPerSample(const ChartSamples& samples,
     return points;
 }
 
-/// The line into the view and out of it, which may cross it without a sample inside.
-void addNeighbours(const ChartSamples& samples, ChartTime from, ChartTime to,
-                   std::vector<ChartPoint>& points) {
-    const auto& times = samples.times;
-    const auto first =
-        static_cast<std::size_t>(std::ranges::lower_bound(times, from) - times.begin());
-    const auto behind =
-        static_cast<std::size_t>(std::ranges::upper_bound(times, to) - times.begin());
-    /// Whether sample i - 1 and sample i belong together.
-    const auto joined = [&](std::size_t i) {
-        const auto run = std::ranges::upper_bound(samples.runs, i, {}, &SampleRun::end);
-        return run != samples.runs.end() && run->begin < i;
-    };
-    if (from > to) return;
-    const bool hasBefore = first > 0 && joined(first);
-    const bool hasAfter = behind > 0 && joined(behind);
-    if (hasBefore) {
-        if (!points.empty()) points.front().joined = true;
-        points.insert(points.begin(), pointOf(samples, first - 1, first));
-    }
-    if (hasAfter) {
-        points.push_back(pointOf(samples, behind, behind + 1));
-        points.back().joined = true;
-    }
-}
-
 std::vector<ChartPoint> pointPerStretch(const ChartSamples& samples,
                                         std::span<const SampleRun> runs,
                                         const Stretches& stretches) {
@@ -126,26 +102,40 @@ std::vector<ChartPoint> pointPerStretch(const ChartSamples& samples,
     return points;
 }
 
-/// The mean of the values, each weighted by the time to the next one of its run. Every term is
-/// scaled before it is added: the sum never leaves the range of the values.
-double meanByTime(const ChartSamples& samples, std::span<const SampleRun> runs, std::size_t count) {
+/// What stood between sample i - 1 and sample i, from `start` to `end`, on the average.
+double valueBetween(const ChartSamples& samples, std::size_t i, ChartTime start, ChartTime end) {
+    if (samples.steps()) return samples.values[i - 1];
+    const ChartTime begin = samples.times[i - 1];
+    const double part = static_cast<double>(start - begin + end - begin) /
+                        (2.0 * static_cast<double>(samples.times[i] - begin));
+    return samples.values[i - 1] * (1 - part) + samples.values[i] * part;
+}
+
+/// The mean of what the runs draw from `from` to `to`. Every term is scaled before it is added: the
+/// sum never leaves the range of the values.
+double meanByTime(const ChartSamples& samples, std::span<const SampleRun> runs, ChartTime from,
+                  ChartTime to) {
     const auto& times = samples.times;
-    const auto& values = samples.values;
     ChartTime total = 0;
-    for (const SampleRun& run : runs) total += times[run.end - 1] - times[run.begin];
+    for (const SampleRun& run : runs)
+        total += std::min(times[run.end - 1], to) - std::max(times[run.begin], from);
     double mean = 0;
     if (total == 0) {  // samples that last no time count alike
+        double count = 0;
         for (const SampleRun& run : runs)
             for (std::size_t i = run.begin; i < run.end; ++i)
-                mean += values[i] / static_cast<double>(count);
+                if (times[i] >= from && times[i] <= to)
+                    mean += (samples.values[i] - mean) / ++count;
         return mean;
     }
     const double scale = 1.0 / static_cast<double>(total);
-    const double ownPart = samples.steps() ? 1.0 : 0.5;  // a line runs on to the next value
     for (const SampleRun& run : runs) {
         for (std::size_t i = run.begin + 1; i < run.end; ++i) {
-            const double weight = static_cast<double>(times[i] - times[i - 1]) * scale;
-            mean += (ownPart * values[i - 1] + (1.0 - ownPart) * values[i]) * weight;
+            const ChartTime start = std::max(times[i - 1], from);
+            const ChartTime end = std::min(times[i], to);
+            if (start >= end) continue;  // equal times
+            mean +=
+                valueBetween(samples, i, start, end) * (static_cast<double>(end - start) * scale);
         }
     }
     return mean;
@@ -154,9 +144,17 @@ double meanByTime(const ChartSamples& samples, std::span<const SampleRun> runs, 
 }  // namespace
 
 ChartCurve reduce(const ChartSamples& samples, ChartTime from, ChartTime to, int maxPoints) {
-    const std::vector<SampleRun> runs = runsInView(samples, from, to);
+    if (from > to) return {};
+    const auto& times = samples.times;
+    const auto first =
+        static_cast<std::size_t>(std::ranges::lower_bound(times, from) - times.begin());
+    const auto behind =
+        static_cast<std::size_t>(std::ranges::upper_bound(times, to) - times.begin());
+    std::vector<SampleRun> runs = runsWithin(samples, first, behind);
     std::size_t count = 0;
     for (const SampleRun& run : runs) count += run.end - run.begin;
+    const bool comesIn = first > 0 && joined(samples, first);
+    const bool goesOut = behind > 0 && joined(samples, behind);
 
     ChartCurve curve;
     if (count > 0) {
@@ -170,10 +168,24 @@ ChartCurve reduce(const ChartSamples& samples, ChartTime from, ChartTime to, int
         curve.statistics = {.count = count,
                             .minimum = low->minimum.value,
                             .maximum = high->maximum.value,
-                            .mean = meanByTime(samples, runs, count),
                             .last = curve.points.back().last.value};
+        if (comesIn) --runs.front().begin;
+        if (goesOut) ++runs.back().end;
+        curve.statistics.mean = meanByTime(samples, runs, from, to);
+        if (comesIn && samples.steps() && times[first] > from) {
+            const double entering = samples.values[first - 1];
+            curve.statistics.minimum = std::min(curve.statistics.minimum, entering);
+            curve.statistics.maximum = std::max(curve.statistics.maximum, entering);
+        }
     }
-    addNeighbours(samples, from, to, curve.points);
+    if (comesIn) {
+        if (!curve.points.empty()) curve.points.front().joined = true;
+        curve.points.insert(curve.points.begin(), pointOf(samples, first - 1, first));
+    }
+    if (goesOut) {
+        curve.points.push_back(pointOf(samples, behind, behind + 1));
+        curve.points.back().joined = true;
+    }
     return curve;
 }
 

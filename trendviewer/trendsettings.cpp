@@ -22,14 +22,16 @@ bool select(ComboBox& list, int position) {
 /// Where the restored window begins: at its saved start, else so that it ends now. `seconds` is
 /// its length.
 Date savedStart(Settings& settings, const std::string& section, std::int32_t seconds,
-                const Date& now) {
+                Clock& clock) {
     bool isStart = false;
     bool isEnd = false;
     Date start;
     Date end;
-    if (settings.LeggiStringa("startDate", "").empty()) return now.addSeconds(-seconds);
+    const Date before = clock.now();
     LeggiIntervallo(&settings, section, isStart, start, isEnd, end);
-    return start;
+    // A date that is missing or cannot be read reads as the present moment.
+    const bool found = start < before || start > clock.now();
+    return found ? start : before.addSeconds(-seconds);
 }
 
 }  // namespace
@@ -74,7 +76,7 @@ bool TrendViewer::CaricaImpostazioni() {
     const bool known = range >= 0 && range < form_.cmbRange.ListCount();
     const std::int32_t seconds =
         known ? SecondiIntervallo(static_cast<std::int16_t>(range)) : secondi();
-    const Date start = savedStart(*settings, section(), seconds, services().clock().now());
+    const Date start = savedStart(*settings, section(), seconds, services().clock());
     inizio(start);
     fine(start);
     if (known)

@@ -74,15 +74,7 @@ bool shows(const ChartContents& contents, const ScaleChoice& choice, std::size_t
 
 Bounds boundsOf(const ChartContents& contents, std::size_t series) {
     const ChartCurve& curve = *contents.series[series].curve;
-    if (curve.statistics.count > 0) {
-        Bounds inView{curve.statistics.minimum, curve.statistics.maximum};
-        const auto& samples = contents.series[series].samples;
-        if (samples && samples->steps()) {  // the step that began before the view lasts into it
-            const double entering = curve.points.front().first.value;
-            inView = {std::min(inView.low, entering), std::max(inView.high, entering)};
-        }
-        return inView;
-    }
+    if (curve.statistics.count > 0) return {curve.statistics.minimum, curve.statistics.maximum};
     // A line that only crosses the view: from the sample before it to the one behind.
     const auto [low, high] =
         std::minmax(curve.points.front().last.value, curve.points.back().first.value);

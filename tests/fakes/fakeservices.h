@@ -113,9 +113,10 @@ private:
             ScriviStringa(key, conversions::text(value, Locale::italian()));
         }
         Date LeggiData(const std::string& key) override {
-            const std::string text = LeggiStringa(key, "");
-            return text.empty() ? factory_.clock.now()
-                                : conversions::toDate(text, Locale::italian());
+            Date date = factory_.clock.now();
+            ignoreErrors(
+                [&] { date = conversions::toDate(LeggiStringa(key, ""), Locale::italian()); });
+            return date;
         }
         std::int16_t LeggiIntero(const std::string& key, std::int16_t fallback) override {
             const auto number = conversions::plainInteger(LeggiStringa(key, ""));

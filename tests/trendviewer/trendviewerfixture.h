@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/isodate.h"
 #include "tests/fakes/fakechart.h"
 #include "tests/fakes/fakeservices.h"
 #include "tests/fakes/fakewidgets.h"
@@ -30,13 +31,12 @@ class TrendViewerFixture : public testing::Test {
 protected:
     TrendViewerFixture() {
         ambient.displayName = "TrendViewer1";
-        auto& config = services.settingsFactory.files[Config];
-        config["Common"] = {
+        config("Common") = {
             {"NumeroVRX", "4"}, {"VRX0", "RTU01"}, {"VRX1", "RTU02"}, {"VRX3", "RTU03"}};
-        config["VRX0"] = {{"G0V0", "Livello"},    {"G0V0_Desc", "Livello vasca"}, {"G0V0_UdM", "m"},
+        config("VRX0") = {{"G0V0", "Livello"},    {"G0V0_Desc", "Livello vasca"}, {"G0V0_UdM", "m"},
                           {"G2V19", "Portata"},   {"G2V19_UdM", "l/s"},           {"G3V0", "Pompa"},
                           {"G3V0_Desc", "Marcia"}};
-        config["VRX1"] = {{"G1V3", "Pressione"}};
+        config("VRX1") = {{"G1V3", "Pressione"}};
         services.files.files = {"D:\\Dati\\RTU01.MDB", "D:\\Dati\\RTU03.MDB"};
     }
 
@@ -46,21 +46,27 @@ protected:
         viewer.FileIni(fileIni);
         viewer.Show();
     }
-    /// Window of one hour from `start`, with the first trend on the first pen.
-    void showLevel() {
-        setStart(start);
-        penne[0].cmbTrend.ListIndex(1);
-        cmdAggiornaDati.click();
-    }
     void setStart(const Date& date) {
         TimeIniziale.Value(date);
         DataIniziale.edit(date);
     }
-    std::string query(const std::string& table, double seconds = 3600) {
-        return CreaQuery(database(), table, start, start.addSeconds(seconds));
+    /// Of the first pen over the hour from `start`.
+    std::string query(const std::string& table) {
+        return CreaQuery(database(), table, start, start.addSeconds(3600));
+    }
+    /// Presses the button; what is told then.
+    std::string refresh() {
+        services.messages.shown.clear();
+        cmdAggiornaDati.click();
+        std::string told;
+        for (const auto& [text, style, title] : services.messages.shown)
+            told += title + " " + std::to_string(style) + ": " + text;
+        return told;
     }
     fakes::FakeDatabase& database() { return services.fakeDatabase; }
-    std::vector<fakes::FakeMessageBox::Message>& messages() { return services.messages.shown; }
+    fakes::FakeSettingsFactory::Keys& config(const std::string& section) {
+        return services.settingsFactory.files[Config][section];
+    }
     /// The keys that stand in this instance's section of "a.ini".
     fakes::FakeSettingsFactory::Keys& saved() {
         return services.settingsFactory.files["a.ini"]["TrendViewer_TrendViewer1"];
@@ -69,6 +75,20 @@ protected:
         std::vector<std::string> texts;
         for (int i = 0; i < list.ListCount(); ++i) texts.push_back(list.List(i));
         return texts;
+    }
+    /// Of the range list, the station list and the trend lists.
+    std::string positions() const {
+        std::string all =
+            std::to_string(cmbRange.ListIndex()) + " " + std::to_string(cmbVRX.ListIndex());
+        for (const Pen& pen : penne) all += " " + std::to_string(pen.cmbTrend.ListIndex());
+        return all;
+    }
+    /// What both pairs of pickers show, without the year.
+    std::string window() const {
+        EXPECT_EQ(DataIniziale.Value(), TimeIniziale.Value());
+        EXPECT_EQ(DataFinale.Value(), TimeFinale.Value());
+        return isoText(DataIniziale.Value()).substr(5) + " - " +
+               isoText(DataFinale.Value()).substr(5);
     }
 
     static constexpr const char* Config = "D:\\Dati\\VeltRTU.ini";
@@ -94,31 +114,32 @@ protected:
     fakes::FakePointer pointer;
     fakes::FakeChart chart;
     fakes::FakeTimer t, tmr;
-    TrendViewer viewer{
-        TrendViewerForm{control,
-                        frmIntervallo,
-                        frmPenne,
-                        cmbVRX,
-                        cmbRange,
-                        DataIniziale,
-                        TimeIniziale,
-                        DataFinale,
-                        TimeFinale,
-                        cmdIndietro2,
-                        cmdIndietro,
-                        cmdAvanti,
-                        cmdAvanti2,
-                        cmdAggiornaDati,
-                        chkAutoUpdate,
-                        chkNormalizzato,
-                        cmbScala,
-                        {penne[0].form(), penne[1].form(), penne[2].form(), penne[3].form()},
-                        dlgChart,
-                        pointer,
-                        chart,
-                        t,
-                        tmr},
-        ambient, services};
+    std::array<TrendPenForm, ChartSeriesCount> pens{penne[0].form(), penne[1].form(),
+                                                    penne[2].form(), penne[3].form()};
+    TrendViewerForm form{control,
+                         frmIntervallo,
+                         frmPenne,
+                         cmbVRX,
+                         cmbRange,
+                         DataIniziale,
+                         TimeIniziale,
+                         DataFinale,
+                         TimeFinale,
+                         cmdIndietro2,
+                         cmdIndietro,
+                         cmdAvanti,
+                         cmdAvanti2,
+                         cmdAggiornaDati,
+                         chkAutoUpdate,
+                         chkNormalizzato,
+                         cmbScala,
+                         pens,
+                         dlgChart,
+                         pointer,
+                         chart,
+                         t,
+                         tmr};
+    TrendViewer viewer{form, ambient, services};
 };
 
 }  // namespace velt
