@@ -24,11 +24,17 @@ struct Seen {
     std::unordered_set<std::string> names;
 };
 
+template <typename Number>
+std::string leftOut(const std::string& branch, const char* where, Number bound, const char* what) {
+    return branch + ": elenco incompleto, " + where + " " + std::to_string(bound) + " " + what +
+           " non si cerca";
+}
+
 }  // namespace
 
 std::vector<Branch> readBranches(UA_Client& client, const OperationLimits& limits,
                                  const NodeId& parent, const std::stop_token& stop) {
-    std::size_t limit = MaxNodes;
+    std::size_t limit = Bounds().nodes;
     const Children children =
         browseChildren(client, limits, {Parent{parent, false}}, limit, stop).front();
     check(children.status);
@@ -43,7 +49,7 @@ std::vector<Branch> readBranches(UA_Client& client, const OperationLimits& limit
 
 std::vector<Leaves> readLeaves(UA_Client& client, const OperationLimits& limits,
                                const std::vector<Branch>& branches, bool types,
-                               const std::stop_token& stop) {
+                               const std::stop_token& stop, const Bounds& bounds) {
     std::vector<Leaves> result(branches.size());
     std::vector<Seen> seen(branches.size());
     std::vector<Open> level;
@@ -52,8 +58,8 @@ std::vector<Leaves> readLeaves(UA_Client& client, const OperationLimits& limits,
         seen[i].nodes.insert(branches[i].id);
         level.push_back({i, branches[i].id, "", false});
     }
-    std::size_t limit = MaxNodes;
-    for (int depth = 0; depth < MaxLevels && !level.empty() && limit > 0; ++depth) {
+    std::size_t limit = bounds.nodes;
+    for (int depth = 0; depth < bounds.levels && !level.empty() && limit > 0; ++depth) {
         std::vector<Parent> parents;
         parents.reserve(level.size());
         for (const Open& open : level) parents.push_back({open.id, open.isVariable});
@@ -79,6 +85,12 @@ std::vector<Leaves> readLeaves(UA_Client& client, const OperationLimits& limits,
         }
         level = std::move(next);
     }
+    for (std::size_t i = 0; limit == 0 && i < branches.size(); ++i)
+        result[i].leftOut = leftOut(branches[i].name, "dopo i primi", bounds.nodes, "nodi");
+    for (const Open& open : level)
+        if (!open.isVariable && result[open.branch].leftOut.empty())
+            result[open.branch].leftOut =
+                leftOut(branches[open.branch].name, "oltre", bounds.levels, "livelli");
     if (!types) return result;
 
     std::vector<NodeId> variables;

@@ -13,9 +13,11 @@
 /// The server's address space as an operator sees it. All functions on the session's thread.
 namespace velt::opcua {
 
-/// Bounds of what is looked at: below one branch, and of all branches that are asked for together.
-inline constexpr int MaxLevels = 32;
-inline constexpr std::size_t MaxNodes = 200'000;
+/// Bounds of what is looked at.
+struct Bounds {
+    int levels = 32;              ///< below one branch
+    std::size_t nodes = 200'000;  ///< of all branches that are asked for together
+};
 
 /// A place in the address space and its name there.
 struct Branch {
@@ -33,6 +35,7 @@ struct Leaf {
 struct Leaves {
     UA_StatusCode status = UA_STATUSCODE_GOOD;  ///< of the branch itself
     std::vector<Leaf> leaves;
+    std::string leftOut;  ///< what lies beyond the bounds, for an operator; "": nothing
 };
 
 /// The objects right below a node; below the Objects folder only those that are not the standard's.
@@ -44,7 +47,8 @@ struct Leaves {
 /// text of its node ID. With `types`, their types too.
 [[nodiscard]] std::vector<Leaves> readLeaves(UA_Client& client, const OperationLimits& limits,
                                              const std::vector<Branch>& branches, bool types,
-                                             const std::stop_token& stop);
+                                             const std::stop_token& stop,
+                                             const Bounds& bounds = {});
 
 /// The types of variables, from their attributes or else from their values.
 [[nodiscard]] std::vector<ValueType> readTypes(UA_Client& client, const OperationLimits& limits,

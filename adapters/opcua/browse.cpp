@@ -15,6 +15,11 @@ constexpr std::size_t MaxName = 1'000;  ///< bytes; a longer name is no variable
 /// Empty answers that a server may give to "more, please" before it is not asked any more.
 constexpr std::size_t MaxPages = 10'000;
 
+using BrowseService =
+    Service<UA_BrowseRequest, UA_TYPES_BROWSEREQUEST, UA_BrowseResponse, UA_TYPES_BROWSERESPONSE>;
+using BrowseNextService = Service<UA_BrowseNextRequest, UA_TYPES_BROWSENEXTREQUEST,
+                                  UA_BrowseNextResponse, UA_TYPES_BROWSENEXTRESPONSE>;
+
 /// One walk through answers and continuations.
 class Browse {
 public:
@@ -62,24 +67,16 @@ private:
             description.resultMask = UA_BROWSERESULTMASK_REFERENCETYPEID |
                                      UA_BROWSERESULTMASK_NODECLASS | UA_BROWSERESULTMASK_BROWSENAME;
         }
-        exchange(
-            client_, sliceCount(which.size(), size),
-            [&](std::size_t number, UA_ClientAsyncServiceCallback callback, void* context) {
-                const Slice part = slice(number, which.size(), size);
-                UA_BrowseRequest request{};
+        exchangeSlices<BrowseService>(
+            client_, which.size(), size,
+            [&descriptions](const Slice& part, UA_BrowseRequest& request) {
                 request.nodesToBrowse = descriptions.data() + part.first;
                 request.nodesToBrowseSize = part.size;
-                return __UA_Client_AsyncService(
-                    &client_, &request, &UA_TYPES[UA_TYPES_BROWSEREQUEST], callback,
-                    &UA_TYPES[UA_TYPES_BROWSERESPONSE], context, nullptr);
             },
-            [&](std::size_t number, void* response) {
-                const Slice part = slice(number, which.size(), size);
-                const auto& browse = *static_cast<const UA_BrowseResponse*>(response);
-                if (browse.resultsSize != part.size)
-                    throw statusError(UA_STATUSCODE_BADUNKNOWNRESPONSE);
-                for (std::size_t i = 0; i < part.size; ++i)
-                    take(which[part.first + i], browse.results[i]);
+            [&](const Slice& part, const UA_BrowseResponse& response) {
+                eachResult(part, response, [&](std::size_t i, const UA_BrowseResult& result) {
+                    take(which[i], result);
+                });
             },
             stop_);
     }
@@ -124,26 +121,18 @@ private:
         std::vector<UA_ByteString> bytes;
         bytes.reserve(points.size());
         for (const Continuation& continuation : points) bytes.push_back(*continuation.point);
-        exchange(
-            client_, sliceCount(bytes.size(), limits_.browse),
-            [&](std::size_t number, UA_ClientAsyncServiceCallback callback, void* context) {
-                const Slice part = slice(number, bytes.size(), limits_.browse);
-                UA_BrowseNextRequest request{};
+        exchangeSlices<BrowseNextService>(
+            client_, bytes.size(), limits_.browse,
+            [&](const Slice& part, UA_BrowseNextRequest& request) {
                 request.releaseContinuationPoints = release;
                 request.continuationPoints = bytes.data() + part.first;
                 request.continuationPointsSize = part.size;
-                return __UA_Client_AsyncService(
-                    &client_, &request, &UA_TYPES[UA_TYPES_BROWSENEXTREQUEST], callback,
-                    &UA_TYPES[UA_TYPES_BROWSENEXTRESPONSE], context, nullptr);
             },
-            [&](std::size_t number, void* response) {
+            [&](const Slice& part, const UA_BrowseNextResponse& response) {
                 if (release) return;
-                const Slice part = slice(number, bytes.size(), limits_.browse);
-                const auto& browse = *static_cast<const UA_BrowseNextResponse*>(response);
-                if (browse.resultsSize != part.size)
-                    throw statusError(UA_STATUSCODE_BADUNKNOWNRESPONSE);
-                for (std::size_t i = 0; i < part.size; ++i)
-                    take(points[part.first + i].parent, browse.results[i]);
+                eachResult(part, response, [&](std::size_t i, const UA_BrowseResult& result) {
+                    take(points[i].parent, result);
+                });
             },
             stop_);
     }

@@ -15,6 +15,8 @@ struct OpcUaOptions {
     std::string configFile;
     /// Is told, on the user-interface thread, why a connection failed or ended.
     std::function<void(const std::string&)> log;
+    /// Is told, there too, which part of a server's address space is not looked at.
+    std::function<void(const std::string&)> notice;
 };
 
 /// How a session gets its UA_Client configured.

@@ -53,6 +53,7 @@ std::vector<Leaf> Directory::leaves(const Branch& branch) {
 
 std::vector<Leaf> Directory::remember(Leaves leaves) {
     check(leaves.status);
+    if (notice_ && !leaves.leftOut.empty()) notice_(leaves.leftOut);
     for (const Leaf& leaf : leaves.leaves)
         entries_.insert_or_assign(leaf.itemID, Entry{leaf.id, leaf.type});
     return std::move(leaves.leaves);

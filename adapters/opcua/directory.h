@@ -4,6 +4,7 @@
 #include "adapters/opcua/addressspace.h"
 #include "adapters/opcua/connection.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -15,8 +16,10 @@ namespace velt::opcua {
 /// leaves of branches that were fetched ahead. User-interface thread.
 class Directory {
 public:
-    explicit Directory(std::shared_ptr<Connection> connection)
-        : connection_(std::move(connection)) {}
+    /// `notice` is told of what is left out because the server has too much of it.
+    Directory(std::shared_ptr<Connection> connection,
+              std::function<void(const std::string&)> notice)
+        : connection_(std::move(connection)), notice_(std::move(notice)) {}
 
     /// Asks the server anew.
     [[nodiscard]] const std::vector<Branch>& roots();
@@ -43,6 +46,7 @@ private:
     std::vector<Leaf> remember(Leaves leaves);
 
     std::shared_ptr<Connection> connection_;
+    std::function<void(const std::string&)> notice_;
     std::vector<Branch> roots_;
     bool rootsRead_ = false;
     std::unordered_map<std::string, Leaves> fetched_;

@@ -82,6 +82,32 @@ Slice slice(std::size_t number, std::size_t operations, std::size_t limit) {
     return {number * limit, std::min(limit, operations - number * limit)};
 }
 
+void readAttributes(UA_Client& client, const OperationLimits& limits,
+                    std::vector<UA_ReadValueId>& ids,
+                    const std::function<void(std::size_t, const UA_DataValue&)>& take,
+                    const std::stop_token& stop) {
+    using Read =
+        Service<UA_ReadRequest, UA_TYPES_READREQUEST, UA_ReadResponse, UA_TYPES_READRESPONSE>;
+    exchangeSlices<Read>(
+        client, ids.size(), limits.read,
+        [&ids](const Slice& part, UA_ReadRequest& request) {
+            request.nodesToRead = ids.data() + part.first;
+            request.nodesToReadSize = part.size;
+            request.timestampsToReturn = UA_TIMESTAMPSTORETURN_SERVER;
+        },
+        [&take](const Slice& part, const UA_ReadResponse& response) {
+            eachResult(part, response, take);
+        },
+        stop);
+}
+
+UA_ReadValueId attributeOf(const UA_NodeId& node, UA_AttributeId attribute) {
+    UA_ReadValueId result{};
+    result.nodeId = node;
+    result.attributeId = static_cast<UA_UInt32>(attribute);
+    return result;
+}
+
 OperationLimits readLimits(UA_Client& client) {
     OperationLimits limits;
     const std::array<std::pair<UA_UInt32, std::size_t*>, 3> wanted = {{
@@ -91,10 +117,8 @@ OperationLimits readLimits(UA_Client& client) {
          &limits.monitor},
     }};
     std::array<UA_ReadValueId, 3> nodes{};
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        nodes[i].nodeId = UA_NODEID_NUMERIC(0, wanted[i].first);
-        nodes[i].attributeId = UA_ATTRIBUTEID_VALUE;
-    }
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        nodes[i] = attributeOf(UA_NODEID_NUMERIC(0, wanted[i].first), UA_ATTRIBUTEID_VALUE);
     UA_ReadRequest request{};
     request.nodesToRead = nodes.data();
     request.nodesToReadSize = nodes.size();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/opcua/feed.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace velt::opcua {
@@ -49,16 +50,18 @@ void Feed::flush() {
     announce_();
 }
 
-DataChangeArgs Feed::take() {
+DataChangeArgs Feed::take(std::size_t most) {
     const std::lock_guard lock(mutex_);
     announced_ = false;
+    const std::size_t count = std::min(most, fresh_.size());
     DataChangeArgs args;
-    args.ClientHandles.reserve(fresh_.size());
-    args.ItemValues.reserve(fresh_.size());
-    args.Qualities.reserve(fresh_.size());
-    args.TimeStamps.reserve(fresh_.size());
-    for (const Key key : std::exchange(fresh_, {})) {
-        const auto found = entries_.find(key);
+    args.ClientHandles.reserve(count);
+    args.ItemValues.reserve(count);
+    args.Qualities.reserve(count);
+    args.TimeStamps.reserve(count);
+    const auto end = fresh_.begin() + static_cast<std::ptrdiff_t>(count);
+    for (auto key = fresh_.begin(); key != end; ++key) {
+        const auto found = entries_.find(*key);
         if (found == entries_.end()) continue;
         Update& update = *found->second.news;
         args.ClientHandles.push_back(*found->second.clientHandle);
@@ -67,6 +70,7 @@ DataChangeArgs Feed::take() {
         args.TimeStamps.push_back(update.time);
         found->second.news.reset();
     }
+    fresh_.erase(fresh_.begin(), end);
     return args;
 }
 

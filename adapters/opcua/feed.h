@@ -3,6 +3,7 @@
 
 #include "platform/opc.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <mutex>
@@ -40,8 +41,8 @@ public:
     void put(Key key, Update update);
     /// To be called when a bunch of values is through: announces what there is.
     void flush();
-    /// Everything that is new since the last time.
-    [[nodiscard]] DataChangeArgs take();
+    /// What is new, the oldest first; of at most `most` items. Then flush() announces the rest.
+    [[nodiscard]] DataChangeArgs take(std::size_t most);
 
 private:
     struct Entry {

@@ -4,6 +4,12 @@
 #include <algorithm>
 
 namespace velt::opcua {
+namespace {
+
+/// Items of one DataChange: few enough that a window stays alive between two of them.
+constexpr std::size_t MostAtOnce = 1'000;
+
+}  // namespace
 
 std::shared_ptr<OpcUaGroup> OpcUaGroup::create(std::shared_ptr<Connection> connection,
                                                std::shared_ptr<Directory> directory,
@@ -35,7 +41,9 @@ void OpcUaGroup::IsSubscribed(bool subscribed) {
 }
 
 void OpcUaGroup::deliver() {
-    const DataChangeArgs args = feed_->take();
+    const DataChangeArgs args = feed_->take(MostAtOnce);
+    // The rest has a turn of its own, also when the handler raises an error.
+    feed_->flush();
     if (!ended_ && subscribed_ && !args.ClientHandles.empty()) DataChange.raise(args);
 }
 

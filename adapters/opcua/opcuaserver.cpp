@@ -50,7 +50,7 @@ void OpcUaServer::Connect(const std::string& /*progID*/, const std::optional<std
         throw RuntimeError(reason);
     }
     connection_ = std::make_shared<Connection>(dispatcher_, session, side);
-    directory_ = std::make_shared<Directory>(connection_);
+    directory_ = std::make_shared<Directory>(connection_, options_.notice);
     groups_.connection(connection_, directory_);
 }
 

@@ -12,7 +12,7 @@ OpcUaServerFactory::OpcUaServerFactory(Dispatcher& dispatcher, OpcUaOptions opti
 
 OpcUaServerFactory::~OpcUaServerFactory() {
     mailbox_->close();
-    (void)Session::waitForAll(std::chrono::seconds(1));  // what hangs longer is left to itself
+    (void)Session::giveTimeToLeave(std::chrono::seconds(1));
 }
 
 std::shared_ptr<OPCServer> OpcUaServerFactory::create() {

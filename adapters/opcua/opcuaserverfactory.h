@@ -14,7 +14,8 @@ class OpcUaServerFactory final : public OPCServerFactory {
 public:
     /// `dispatcher` must outlive this object and its servers.
     explicit OpcUaServerFactory(Dispatcher& dispatcher, OpcUaOptions options = {});
-    /// Closes the way of events and gives the sessions that still take their leave a second.
+    /// Closes the way of events and gives the sessions that still take their leave a second, which
+    /// several factories share.
     ~OpcUaServerFactory() override;
     OpcUaServerFactory(const OpcUaServerFactory&) = delete;
     OpcUaServerFactory& operator=(const OpcUaServerFactory&) = delete;

@@ -2,11 +2,7 @@
 #include "adapters/opcua/pki.h"
 
 #include "adapters/opcua/certificatenames.h"
-#include "adapters/opcua/status.h"
-#include "adapters/opcua/ua.h"
-
-#include <open62541/plugin/create_certificate.h>
-#include <open62541/plugin/log.h>
+#include "platform/runtimeerror.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -67,32 +63,14 @@ std::string hostName() {
     return gethostname(name.data(), name.size() - 1) == 0 && name[0] ? name.data() : "localhost";
 }
 
-OwnCertificate makeCertificate() {
-    const std::string host = hostName();
-    const std::string names[] = {"CN=VELT Viewers", "DNS:" + host, "URI:urn:" + host + ":velt"};
-    const UA_String subject = borrowed(names[0]);
-    const UA_String alternatives[] = {borrowed(names[1]), borrowed(names[2])};
-    UA_KeyValueMap parameters = UA_KEYVALUEMAP_NULL;
-    const auto set = [&parameters](const char* name, UA_UInt16 value) {
-        const UA_QualifiedName key{0, borrowed(name)};
-        check(UA_KeyValueMap_setScalar(&parameters, key, &value, &UA_TYPES[UA_TYPES_UINT16]));
-    };
-    set("expires-in-days", 3650);
-    set("key-size-bits", 2048);
-    const UA_Logger silent{nullptr, nullptr, nullptr};
-    OwnedBytes key;
-    OwnedBytes certificate;
-    const UA_StatusCode status =
-        UA_CreateCertificate(&silent, &subject, 1, alternatives, 2, UA_CERTIFICATEFORMAT_DER,
-                             &parameters, key.get(), certificate.get());
-    UA_KeyValueMap_clear(&parameters);
-    check(status);
-    return {toText(*certificate), toText(*key), {}};
-}
-
 }  // namespace
 
-OwnCertificate Pki::own() const {
+CertificateOwner Pki::thisStation() {
+    const std::string host = hostName();
+    return {"CN=VELT Viewers", {"DNS:" + host, "URI:urn:" + host + ":velt"}};
+}
+
+OwnCertificate Pki::own(const CertificateOwner& owner) const {
     const fs::path certificatePath = folder_ / "own" / "cert.der";
     const fs::path keyPath = folder_ / "own" / "key.der";
     // Made beforehand, so that an integrator finds where his files go.
@@ -101,13 +79,13 @@ OwnCertificate Pki::own() const {
     auto key = contents(keyPath);
     OwnCertificate own;
     if (!certificate && !key) {
-        own = makeCertificate();
+        own = {makeCertificate(owner), {}};
         store(keyPath, own.key);
         store(certificatePath, own.certificate);
     } else {
         if (!certificate) unusable(certificatePath);
         if (!key) unusable(keyPath);
-        own = {std::move(*certificate), std::move(*key), {}};
+        own = {{std::move(*certificate), std::move(*key)}, {}};
     }
     const CertificateNames names = namesOf(own.certificate);
     if (names.uris.empty())

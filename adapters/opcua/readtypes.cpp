@@ -5,39 +5,6 @@
 namespace velt::opcua {
 namespace {
 
-/// Reads attributes, in as many requests as the server's limit takes; `take` gets the number of
-/// the attribute in `ids`.
-void read(UA_Client& client, const OperationLimits& limits, std::vector<UA_ReadValueId>& ids,
-          const std::function<void(std::size_t, const UA_DataValue&)>& take,
-          const std::stop_token& stop) {
-    exchange(
-        client, sliceCount(ids.size(), limits.read),
-        [&](std::size_t number, UA_ClientAsyncServiceCallback callback, void* context) {
-            const Slice part = slice(number, ids.size(), limits.read);
-            UA_ReadRequest request{};
-            request.nodesToRead = ids.data() + part.first;
-            request.nodesToReadSize = part.size;
-            return __UA_Client_AsyncService(&client, &request, &UA_TYPES[UA_TYPES_READREQUEST],
-                                            callback, &UA_TYPES[UA_TYPES_READRESPONSE], context,
-                                            nullptr);
-        },
-        [&](std::size_t number, void* response) {
-            const Slice part = slice(number, ids.size(), limits.read);
-            const auto& answer = *static_cast<const UA_ReadResponse*>(response);
-            if (answer.resultsSize != part.size)
-                throw statusError(UA_STATUSCODE_BADUNKNOWNRESPONSE);
-            for (std::size_t i = 0; i < part.size; ++i) take(part.first + i, answer.results[i]);
-        },
-        stop);
-}
-
-UA_ReadValueId attribute(const NodeId& node, UA_AttributeId id) {
-    UA_ReadValueId result{};
-    result.nodeId = *node;
-    result.attributeId = static_cast<UA_UInt32>(id);
-    return result;
-}
-
 bool needsValue(const ValueType& type) {
     return type.element == ValueType::Unknown ||
            (type.element != UA_TYPES_VARIANT && !type.rankIsKnown());
@@ -52,8 +19,8 @@ std::vector<ValueType> readTypes(UA_Client& client, const OperationLimits& limit
     std::vector<UA_ReadValueId> ids;
     ids.reserve(2 * variables.size());
     for (const NodeId& node : variables) {
-        ids.push_back(attribute(node, UA_ATTRIBUTEID_DATATYPE));
-        ids.push_back(attribute(node, UA_ATTRIBUTEID_VALUERANK));
+        ids.push_back(attributeOf(*node, UA_ATTRIBUTEID_DATATYPE));
+        ids.push_back(attributeOf(*node, UA_ATTRIBUTEID_VALUERANK));
     }
     std::vector<NodeId> dataTypes(variables.size());
     const auto takeAttribute = [&](std::size_t number, const UA_DataValue& result) {
@@ -64,7 +31,7 @@ std::vector<ValueType> readTypes(UA_Client& client, const OperationLimits& limit
         if (number % 2 == 1 && UA_Variant_hasScalarType(&value, &UA_TYPES[UA_TYPES_INT32]))
             types[number / 2].rank = *static_cast<const UA_Int32*>(value.data);
     };
-    read(client, limits, ids, takeAttribute, stop);
+    readAttributes(client, limits, ids, takeAttribute, stop);
     for (std::size_t i = 0; i < types.size(); ++i) types[i] = typeOf(*dataTypes[i], types[i].rank);
 
     ids.clear();
@@ -72,7 +39,7 @@ std::vector<ValueType> readTypes(UA_Client& client, const OperationLimits& limit
     for (std::size_t i = 0; i < types.size(); ++i) {
         if (!needsValue(types[i])) continue;
         unclear.push_back(i);
-        ids.push_back(attribute(variables[i], UA_ATTRIBUTEID_VALUE));
+        ids.push_back(attributeOf(*variables[i], UA_ATTRIBUTEID_VALUE));
     }
     const auto takeValue = [&](std::size_t number, const UA_DataValue& result) {
         ValueType& type = types[unclear[number]];
@@ -81,7 +48,7 @@ std::vector<ValueType> readTypes(UA_Client& client, const OperationLimits& limit
         if (type.element == ValueType::Unknown) type.element = seen.element;
         if (!type.rankIsKnown()) type.rank = seen.rank;
     };
-    read(client, limits, ids, takeValue, stop);
+    readAttributes(client, limits, ids, takeValue, stop);
     return types;
 }
 

@@ -13,7 +13,7 @@ OpcUaRuntimeClientFactory::OpcUaRuntimeClientFactory(Dispatcher& dispatcher, Opc
 
 OpcUaRuntimeClientFactory::~OpcUaRuntimeClientFactory() {
     mailbox_->close();
-    (void)Session::waitForAll(std::chrono::seconds(1));  // what hangs longer is left to itself
+    (void)Session::giveTimeToLeave(std::chrono::seconds(1));
 }
 
 std::shared_ptr<RuntimeClient> OpcUaRuntimeClientFactory::create() {

@@ -14,7 +14,8 @@ class OpcUaRuntimeClientFactory final : public RuntimeClientFactory {
 public:
     /// `dispatcher` must outlive this object and its clients.
     explicit OpcUaRuntimeClientFactory(Dispatcher& dispatcher, OpcUaOptions options = {});
-    /// Closes the way of events and gives the sessions that still take their leave a second.
+    /// Closes the way of events and gives the sessions that still take their leave a second, which
+    /// several factories share.
     ~OpcUaRuntimeClientFactory() override;
     OpcUaRuntimeClientFactory(const OpcUaRuntimeClientFactory&) = delete;
     OpcUaRuntimeClientFactory& operator=(const OpcUaRuntimeClientFactory&) = delete;

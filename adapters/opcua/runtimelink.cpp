@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/opcua/runtimelink.h"
 
+#include "adapters/opcua/monitoring.h"
 #include "adapters/opcua/status.h"
 
 #include <open62541/client_highlevel_async.h>
@@ -16,9 +17,7 @@ namespace velt::opcua {
 namespace {
 
 constexpr double Interval = 100.0;  // ms, from a change of state to its news
-constexpr UA_UInt32 MaxNotificationsPerPublish = 20'000;
 constexpr UA_UInt32 KeepAlive = 50;
-constexpr UA_UInt32 Lifetime = 5'000;
 constexpr UA_UInt32 EventQueue = 100;
 constexpr std::int64_t MostLateness = 6;  // s; no answer takes longer
 
@@ -30,15 +29,6 @@ std::string textOf(const UA_Variant& value) {
     if (UA_Variant_hasScalarType(&value, &UA_TYPES[UA_TYPES_LOCALIZEDTEXT]))
         return toText(static_cast<const UA_LocalizedText*>(value.data)->text);
     return "";
-}
-
-/// Points to the nodes.
-UA_ReadRequest readRequest(std::vector<UA_ReadValueId>& nodes) {
-    UA_ReadRequest request{};
-    request.nodesToRead = nodes.data();
-    request.nodesToReadSize = nodes.size();
-    request.timestampsToReturn = UA_TIMESTAMPSTORETURN_SERVER;
-    return request;
 }
 
 }  // namespace
@@ -54,32 +44,19 @@ void RuntimeLink::open(UA_Client& client) {
 
     readBeginning(client);
 
-    UA_CreateSubscriptionRequest request = UA_CreateSubscriptionRequest_default();
-    request.requestedPublishingInterval = Interval;
-    request.requestedMaxKeepAliveCount = KeepAlive;
-    request.requestedLifetimeCount = Lifetime;
-    request.maxNotificationsPerPublish = MaxNotificationsPerPublish;
-    const Owned<UA_CreateSubscriptionResponse, UA_TYPES_CREATESUBSCRIPTIONRESPONSE> response(
-        UA_Client_Subscriptions_create(&client, request, nullptr, nullptr, nullptr));
-    check(response->responseHeader.serviceResult);
-    watchErrors(client, response->subscriptionId);
-    watchStations(client, response->subscriptionId, limits_);
+    const UA_UInt32 subscription =
+        createSubscription(client, {.interval = Interval, .keepAlive = KeepAlive});
+    watchErrors(client, subscription);
+    watchStations(client, subscription);
 }
 
 void RuntimeLink::readBeginning(UA_Client& client) {
-    for (std::size_t i = 0; i < sliceCount(watched_.size(), limits_.read); ++i) {
-        const Slice part = slice(i, watched_.size(), limits_.read);
-        std::vector<UA_ReadValueId> nodes(part.size);
-        for (std::size_t n = 0; n < part.size; ++n) {
-            nodes[n].nodeId = *watched_[part.first + n].stato;
-            nodes[n].attributeId = UA_ATTRIBUTEID_VALUE;
-        }
-        const Owned<UA_ReadResponse, UA_TYPES_READRESPONSE> response(
-            UA_Client_Service_read(&client, readRequest(nodes)));
-        check(response->responseHeader.serviceResult);
-        for (std::size_t n = 0; n < std::min(part.size, response->resultsSize); ++n)
-            take(watched_[part.first + n], response->results[n], false);
-    }
+    std::vector<UA_ReadValueId> values;
+    for (const Watched& station : watched_)
+        values.push_back(attributeOf(*station.stato, UA_ATTRIBUTEID_VALUE));
+    readAttributes(client, limits_, values, [this](std::size_t number, const UA_DataValue& value) {
+        take(watched_[number], value, false);
+    });
 }
 
 void RuntimeLink::watchErrors(UA_Client& client, UA_UInt32 subscription) {
@@ -118,34 +95,21 @@ void RuntimeLink::watchErrors(UA_Client& client, UA_UInt32 subscription) {
     // A runtime without events is poor but of use: its states are seen.
 }
 
-void RuntimeLink::watchStations(UA_Client& client, UA_UInt32 subscription,
-                                const OperationLimits& limits) {
-    const std::size_t count = watched_.size();
-    std::vector<UA_MonitoredItemCreateRequest> items;
-    std::vector<void*> contexts;
-    for (Watched& station : watched_) {
-        contexts.push_back(&station);
-        items.push_back(UA_MonitoredItemCreateRequest_default(*station.stato));
-        items.back().requestedParameters.samplingInterval = Interval;
-    }
-    std::vector<UA_Client_DataChangeNotificationCallback> callbacks(
-        count, [](UA_Client*, UA_UInt32, void*, UA_UInt32, void* context, UA_DataValue* value) {
-            take(*static_cast<Watched*>(context), *value, false);
+void RuntimeLink::watchStations(UA_Client& client, UA_UInt32 subscription) {
+    std::vector<MonitoredNode> nodes;
+    for (Watched& station : watched_) nodes.push_back({station.stato.get(), &station});
+    const auto changed = [](UA_Client*, UA_UInt32, void*, UA_UInt32, void* context,
+                            UA_DataValue* value) {
+        take(*static_cast<Watched*>(context), *value, false);
+    };
+    monitor(
+        client, limits_, {.subscription = subscription, .interval = Interval, .changed = changed},
+        nodes, [this](std::size_t number, const UA_MonitoredItemCreateResult& result) {
+            // Its state is still told when it is asked for.
+            if (UA_StatusCode_isBad(result.statusCode))
+                news_->errore("i cambiamenti di stato non arrivano: " + describe(result.statusCode),
+                              watched_[number].name);
         });
-    std::vector<UA_Client_DeleteMonitoredItemCallback> deletions(count, nullptr);
-    for (std::size_t i = 0; i < sliceCount(count, limits.monitor); ++i) {
-        const Slice part = slice(i, count, limits.monitor);
-        UA_CreateMonitoredItemsRequest request{};
-        request.subscriptionId = subscription;
-        request.timestampsToReturn = UA_TIMESTAMPSTORETURN_SERVER;
-        request.itemsToCreate = items.data() + part.first;
-        request.itemsToCreateSize = part.size;
-        const Owned<UA_CreateMonitoredItemsResponse, UA_TYPES_CREATEMONITOREDITEMSRESPONSE>
-            response(UA_Client_MonitoredItems_createDataChanges(
-                &client, request, contexts.data() + part.first, callbacks.data() + part.first,
-                deletions.data() + part.first));
-        check(response->responseHeader.serviceResult);
-    }
 }
 
 void RuntimeLink::take(Watched& station, const UA_DataValue& value, bool asked) {
@@ -185,12 +149,13 @@ void RuntimeLink::requestStates(UA_Client& client, const std::vector<std::string
         const auto first = stations.begin() + static_cast<std::ptrdiff_t>(part.first);
         auto request = std::make_unique<StateRequest>(
             StateRequest{{first, first + static_cast<std::ptrdiff_t>(part.size)}});
-        std::vector<UA_ReadValueId> nodes(part.size);
-        for (std::size_t n = 0; n < part.size; ++n) {
-            nodes[n].nodeId = *request->stations[n]->stato;
-            nodes[n].attributeId = UA_ATTRIBUTEID_VALUE;
-        }
-        const UA_ReadRequest read = readRequest(nodes);
+        std::vector<UA_ReadValueId> values;
+        for (const Watched* station : request->stations)
+            values.push_back(attributeOf(*station->stato, UA_ATTRIBUTEID_VALUE));
+        UA_ReadRequest read{};
+        read.nodesToRead = values.data();
+        read.nodesToReadSize = values.size();
+        read.timestampsToReturn = UA_TIMESTAMPSTORETURN_SERVER;
         const auto answered = [](UA_Client*, void* context, UA_UInt32, void* response) {
             const std::unique_ptr<StateRequest> asked(static_cast<StateRequest*>(context));
             const auto& answer = *static_cast<const UA_ReadResponse*>(response);

@@ -44,7 +44,8 @@ private:
 
     /// The states that are not told unless somebody asks, since they are no changes.
     void readBeginning(UA_Client& client);
-    void watchStations(UA_Client& client, UA_UInt32 subscription, const OperationLimits& limits);
+    /// A station that the server does not monitor is told as an error.
+    void watchStations(UA_Client& client, UA_UInt32 subscription);
     void watchErrors(UA_Client& client, UA_UInt32 subscription);
     static void take(Watched& station, const UA_DataValue& value, bool asked);
 

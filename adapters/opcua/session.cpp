@@ -4,6 +4,7 @@
 #include "adapters/opcua/sessionthread.h"
 #include "adapters/opcua/status.h"
 
+#include <algorithm>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
@@ -28,6 +29,18 @@ struct Threads {
     std::mutex mutex;
     std::condition_variable ended;
     int running = 0;
+    int givenUp = 0;  ///< of these, as giveTimeToLeave() has found
+
+    void began() {
+        const std::lock_guard lock(mutex);
+        ++running;
+    }
+    void hasEnded() {
+        const std::lock_guard lock(mutex);
+        --running;
+        givenUp = std::min(givenUp, running);
+        ended.notify_all();
+    }
 
     static Threads& all() {
         static auto* const threads = new Threads;
@@ -77,10 +90,7 @@ std::shared_ptr<Session> Session::open(std::string endpoint,
                                        std::function<void(UA_ClientConfig&)> configure,
                                        SessionEvents events) {
     auto core = std::make_shared<Core>();
-    {
-        const std::lock_guard lock(Threads::all().mutex);
-        ++Threads::all().running;
-    }
+    Threads::all().began();
     std::thread([core, endpoint = std::move(endpoint), configure = std::move(configure),
                  events = std::move(events)]() mutable {
         {
@@ -106,9 +116,7 @@ std::shared_ptr<Session> Session::open(std::string endpoint,
         // Only now: values may come in until the client is gone.
         events = {};
         core.reset();
-        const std::lock_guard lock(Threads::all().mutex);
-        --Threads::all().running;
-        Threads::all().ended.notify_all();
+        Threads::all().hasEnded();
     }).detach();
     return std::shared_ptr<Session>(new Session(std::move(core)));
 }
@@ -145,6 +153,15 @@ bool Session::waitForAll(std::chrono::milliseconds time) {
     Threads& threads = Threads::all();
     std::unique_lock lock(threads.mutex);
     return threads.ended.wait_for(lock, time, [&threads] { return threads.running == 0; });
+}
+
+bool Session::giveTimeToLeave(std::chrono::milliseconds time) {
+    Threads& threads = Threads::all();
+    std::unique_lock lock(threads.mutex);
+    const bool left = threads.ended.wait_for(
+        lock, time, [&threads] { return threads.running <= threads.givenUp; });
+    threads.givenUp = threads.running;
+    return left;
 }
 
 RuntimeError Session::ended() { return statusError(UA_STATUSCODE_BADCONNECTIONCLOSED); }

@@ -82,6 +82,9 @@ public:
     /// Waits for the threads of all sessions of the process that have been closed; false when
     /// some still run at the end of the time.
     static bool waitForAll(std::chrono::milliseconds time);
+    /// The same for those who end one after the other: threads for which one of them has waited in
+    /// vain are left to themselves by the others.
+    static bool giveTimeToLeave(std::chrono::milliseconds time);
 
 private:
     struct Core;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/opcua/subscription.h"
 
+#include "adapters/opcua/monitoring.h"
 #include "adapters/opcua/quality.h"
 #include "adapters/opcua/status.h"
 #include "adapters/opcua/times.h"
@@ -13,11 +14,6 @@
 
 namespace velt::opcua {
 namespace {
-
-/// Without a bound some servers send nothing at all.
-constexpr UA_UInt32 MaxNotificationsPerPublish = 20'000;
-constexpr UA_UInt32 KeepAlive = 10;    // publishing intervals
-constexpr UA_UInt32 Lifetime = 1'000;  // publishing intervals
 
 void* contextOf(Feed::Key key) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(key)); }
 Feed::Key keyOf(void* context) {
@@ -34,16 +30,10 @@ Date timeOf(const UA_DataValue& value) {
 void Subscription::ensure(UA_Client& client) {
     if (id_ != 0) return;
     items_.clear();
-    UA_CreateSubscriptionRequest request = UA_CreateSubscriptionRequest_default();
-    request.requestedPublishingInterval = interval_;
-    request.requestedMaxKeepAliveCount = KeepAlive;
-    request.requestedLifetimeCount = Lifetime;
-    request.maxNotificationsPerPublish = MaxNotificationsPerPublish;
-    request.publishingEnabled = enabled_;
-    const Owned<UA_CreateSubscriptionResponse, UA_TYPES_CREATESUBSCRIPTIONRESPONSE> response(
-        UA_Client_Subscriptions_create(&client, request, this, nullptr, deleted));
-    check(response->responseHeader.serviceResult);
-    id_ = response->subscriptionId;
+    id_ = createSubscription(client, {.interval = static_cast<double>(interval_),
+                                      .publishing = enabled_,
+                                      .context = this,
+                                      .deleted = deleted});
 }
 
 void Subscription::publishing(UA_Client& client, bool enabled) {
@@ -62,41 +52,20 @@ std::vector<UA_StatusCode> Subscription::create(UA_Client& client, const Operati
                                                 const std::vector<Wanted>& wanted, bool active,
                                                 const std::stop_token& stop) {
     ensure(client);
-    std::vector<UA_MonitoredItemCreateRequest> items(wanted.size());
-    std::vector<void*> contexts(wanted.size());
-    std::vector<UA_Client_DataChangeNotificationCallback> callbacks(wanted.size(), changed);
-    std::vector<UA_Client_DeleteMonitoredItemCallback> deletions(wanted.size(), nullptr);
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        items[i] = UA_MonitoredItemCreateRequest_default(*wanted[i].node);
-        items[i].requestedParameters.samplingInterval = interval_;
-        if (!active) items[i].monitoringMode = UA_MONITORINGMODE_DISABLED;
-        contexts[i] = contextOf(wanted[i].key);
-        feed_->expect(wanted[i].key);
+    std::vector<MonitoredNode> nodes;
+    nodes.reserve(wanted.size());
+    for (const Wanted& item : wanted) {
+        nodes.push_back({item.node.get(), contextOf(item.key)});
+        feed_->expect(item.key);
     }
     std::vector<UA_StatusCode> results(wanted.size(), UA_STATUSCODE_BADUNEXPECTEDERROR);
     try {
-        exchange(
-            client, sliceCount(wanted.size(), limits.monitor),
-            [&](std::size_t number, UA_ClientAsyncServiceCallback callback, void* context) {
-                const Slice part = slice(number, wanted.size(), limits.monitor);
-                UA_CreateMonitoredItemsRequest request{};
-                request.subscriptionId = id_;
-                request.timestampsToReturn = UA_TIMESTAMPSTORETURN_BOTH;
-                request.itemsToCreate = items.data() + part.first;
-                request.itemsToCreateSize = part.size;
-                return UA_Client_MonitoredItems_createDataChanges_async(
-                    &client, request, contexts.data() + part.first, callbacks.data() + part.first,
-                    deletions.data() + part.first, callback, context, nullptr);
-            },
-            [&](std::size_t number, void* response) {
-                const Slice part = slice(number, wanted.size(), limits.monitor);
-                const auto& answer = *static_cast<const UA_CreateMonitoredItemsResponse*>(response);
-                for (std::size_t i = 0; i < std::min(part.size, answer.resultsSize); ++i) {
-                    const std::size_t item = part.first + i;
-                    results[item] = answer.results[i].statusCode;
-                    if (!UA_StatusCode_isBad(results[item]))
-                        items_[wanted[item].key] = answer.results[i].monitoredItemId;
-                }
+        monitor(
+            client, limits, {id_, static_cast<double>(interval_), active, changed}, nodes,
+            [&](std::size_t number, const UA_MonitoredItemCreateResult& result) {
+                results[number] = result.statusCode;
+                if (!UA_StatusCode_isBad(result.statusCode))
+                    items_[wanted[number].key] = result.monitoredItemId;
             },
             stop);
     } catch (const RuntimeError&) {

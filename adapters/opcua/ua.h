@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 /// Values of the OPC UA library that clean up after themselves, and texts.
 namespace velt::opcua {
@@ -81,6 +82,14 @@ public:
 [[nodiscard]] inline UA_String borrowed(std::string_view text) {
     return {text.size(),
             reinterpret_cast<UA_Byte*>(const_cast<char*>(text.data()))};  // never written to
+}
+
+/// The same for each of `texts`.
+[[nodiscard]] inline std::vector<UA_String> borrowedAll(const std::vector<std::string>& texts) {
+    std::vector<UA_String> all;
+    all.reserve(texts.size());
+    for (const std::string& text : texts) all.push_back(borrowed(text));
+    return all;
 }
 
 /// A string of the library with a copy of `text`, to be taken over by an owner.

@@ -61,13 +61,6 @@ void clear(UA_CertificateVerification* verification) {
     *verification = {};
 }
 
-std::vector<UA_ByteString> borrowedAll(const std::vector<std::string>& texts) {
-    std::vector<UA_ByteString> all;
-    all.reserve(texts.size());
-    for (const std::string& text : texts) all.push_back(borrowed(text));
-    return all;
-}
-
 }  // namespace
 
 void setVerification(UA_CertificateVerification& verification, VerificationRules rules) {

@@ -28,7 +28,7 @@ std::optional<std::string> chosenOpcConfiguration;
 
 opcua::OpcUaOptions opcOptions() {
     const char* const variable = std::getenv("VELT_OPC_CONFIG");
-    return {chosenOpcConfiguration.value_or(variable ? variable : ""), log};
+    return {chosenOpcConfiguration.value_or(variable ? variable : ""), log, log};
 }
 
 class StandardServices final : public Services {

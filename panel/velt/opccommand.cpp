@@ -56,11 +56,13 @@ Examples:
   velt opc write localhost RTU01.Livello.Soglia 12,5
 )";
 
+void tell(const std::string& problem) { std::cerr << "velt: " << printable(problem) << '\n'; }
+
 /// A connection for one command; the command's thread is the one that takes the events.
 class Client {
 public:
     Client(const std::string& endpoint, const std::string& configFile)
-        : factory_(dispatcher_, {configFile, {}}), server_(factory_.create()) {
+        : factory_(dispatcher_, {configFile, {}, tell}), server_(factory_.create()) {
         server_->ServerShutDown.subscribe([this](const std::string& reason) { lost_ = reason; });
         server_->Connect("velt", endpoint);
         server_->OPCGroups().DefaultGroupIsActive(true);
@@ -117,7 +119,7 @@ std::size_t add(OPCItems& items, const std::vector<std::string>& ids, std::int32
             taken(*items.AddItem(id, ++lastHandle));
             ++count;
         } catch (const RuntimeError& error) {
-            std::cerr << "velt: " << printable(id) << ": " << error.Description() << '\n';
+            tell(id + ": " + error.Description());
         }
     }
     items.ExpectationsDone();

@@ -52,6 +52,12 @@ std::int32_t RuntimeSession::state(const std::string& station) const {
     return known == states_.end() ? -1 : known->second;
 }
 
+void RuntimeSession::forget(const std::string& station) {
+    states_.erase(station);
+    failed_.clear();
+    error_.clear();
+}
+
 bool RuntimeSession::listen(Clock::time_point end, const std::function<bool()>& done) {
     bool ended = false;
     // A look now and then, for a Ctrl+C.

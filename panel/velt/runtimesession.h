@@ -34,7 +34,8 @@ public:
     [[nodiscard]] bool knows(const std::string& station) const { return states_.contains(station); }
     /// As last told; -1 when it has not been.
     [[nodiscard]] std::int32_t state(const std::string& station) const;
-    void forget(const std::string& station) { states_.erase(station); }
+    /// Forgets a station's state, and all errors.
+    void forget(const std::string& station);
     /// The last error that the runtime has told; "" for none.
     [[nodiscard]] const std::string& error() const { return error_; }
     [[nodiscard]] bool failed(const std::string& station) const {
