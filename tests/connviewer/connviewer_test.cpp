@@ -9,79 +9,68 @@
 namespace velt {
 namespace {
 
-using testing::Each;
-using testing::ElementsAre;
-using testing::Field;
-using testing::IsEmpty;
-using testing::Pair;
-
-using ConnViewerTest = ConnViewerFixture;
+using namespace testing;
 
 const std::string AskForPlc = "ConnettiRuntime VELT Viewer 'plc'";
 const std::string AskForAnyHost = "ConnettiRuntime VELT Viewer ''";
 
-TEST_F(ConnViewerTest, EveryShowConnectsThroughOneClient) {
-    viewer->File("VeltRTU.ini");
-    EXPECT_EQ(lblHostname.Caption(), "plc");
-    EXPECT_EQ(viewer->CartellaDownload(), "\\");
-    EXPECT_THAT(log(), IsEmpty()) << "no client before the first show";
-    viewer->Show();
-    viewer->Show();
-    EXPECT_THAT(log(), ElementsAre(AskForPlc, AskForPlc));
-    EXPECT_EQ(services.runtimes.made.size(), 1u);
-    EXPECT_THAT(columns.widths, Each(Pair(0, 3000 - 60)));
-    EXPECT_EQ(t.Interval(), 1000);
-}
+class ConnViewerTest : public ConnViewerFixture {
+protected:
+    /// Of Connetti, Disconnetti, Download, Download tutte: a letter, or "-" when it is disabled.
+    std::string enabled() const {
+        return std::string{cmdConnetti.Enabled() ? 'C' : '-', cmdDisconnetti.Enabled() ? 'D' : '-',
+                           cmdDownload.Enabled() ? 'L' : '-', cmdDownloadAll.Enabled() ? 'T' : '-'};
+    }
+    void clickOfStation() {
+        lblLog.Caption("old");
+        for (fakes::FakeButton* button : {&cmdConnetti, &cmdDisconnetti, &cmdDownload})
+            button->click();
+    }
+};
 
-TEST_F(ConnViewerTest, AFileOfTheFormLeavesTheHostOpen) {
-    fakes::FakePropertyBag bag;
-    bag.values = {{"File", "VeltRTU.ini"}};
-    viewer->ReadProperties(bag);
+TEST_F(ConnViewerTest, EveryShowConnectsThroughOneClientToTheHostOfTheFile) {
     lblHostname.Caption("before");
     viewer->Show();
-    EXPECT_EQ(lblHostname.Caption(), "");
-    EXPECT_THAT(log(), ElementsAre(AskForAnyHost));
-    EXPECT_TRUE(services.settingsFactory.files.size() == 1) << "no file is looked at";
-}
-
-TEST_F(ConnViewerTest, WithoutAFileOnlyARunningTimerConnects) {
-    lblHostname.Caption("before");
-    viewer->Show();
-    EXPECT_THAT(log(), IsEmpty());
+    EXPECT_THAT(log(), IsEmpty()) << "without a file";
     EXPECT_EQ(lblHostname.Caption(), "before");
     client().ConnectionError.raise(0);
     t.fire();
-    EXPECT_THAT(log(), ElementsAre(AskForAnyHost));
-}
+    EXPECT_THAT(log(), ElementsAre(AskForAnyHost)) << "only the running timer asks";
 
-TEST_F(ConnViewerTest, AnotherFileConnectsToItsHostAtOnce) {
-    startWith({"RTU01"});
-    services.settingsFactory.files["altro.ini"]["Common"]["Hostname"] = "altro";
-    viewer->File("altro.ini");
+    fakes::FakePropertyBag bag;
+    bag.values = {{"File", "VeltRTU.ini"}};
+    viewer->ReadProperties(bag);
+    viewer->Show();
+    EXPECT_THAT(log(), ElementsAre(AskForAnyHost)) << "a file of the form leaves the host open";
+    EXPECT_EQ(lblHostname.Caption(), "");
+
+    viewer->File("VeltRTU.ini");
+    EXPECT_EQ(lblHostname.Caption(), "plc");
+    EXPECT_EQ(viewer->CartellaDownload(), "\\");
+    viewer->Show();
     viewer->File("senza host.ini");
     viewer->File("");
-    EXPECT_THAT(log(), ElementsAre("ConnettiRuntime VELT Viewer 'altro'", AskForAnyHost));
-    EXPECT_EQ(lblHostname.Caption(), "");
+    EXPECT_THAT(log(), ElementsAre(AskForPlc, AskForPlc, AskForAnyHost));
+    EXPECT_EQ(services.runtimes.made.size(), 1u);
+    EXPECT_THAT(columns.widths, Each(Pair(0, 3000 - 60)));
 }
 
 TEST_F(ConnViewerTest, TheTimerRetriesWhileTheLinkIsDown) {
     start();
     t.fire();
     EXPECT_THAT(log(), IsEmpty()) << "off until it is needed";
-    client().ConnectionError.raise(0);
-    EXPECT_EQ(lblLog.Caption(), "Runtime non attivo!!");
+    EXPECT_EQ(t.Interval(), 1000);
+    const std::string nothing = "Runtime senza progetto o con nessuna RTU configurata!!";
+    const std::pair<int, std::string> errors[] = {
+        {0, "Runtime non attivo!!"}, {1, nothing}, {2, nothing}};
     client().refusesToConnect = true;
-    t.fire();
-    t.fire();
-    EXPECT_THAT(log(), ElementsAre(AskForPlc, AskForPlc)) << "errors are skipped";
-
-    client().ConnectionError.raise(1);
-    EXPECT_EQ(lblLog.Caption(), "Runtime senza progetto o con nessuna RTU configurata!!");
-    client().ConnectionError.raise(2);
-    EXPECT_EQ(lblLog.Caption(), "Runtime senza progetto o con nessuna RTU configurata!!");
-    EXPECT_TRUE(t.Enabled());
-
-    log().clear();
+    for (const auto& [code, text] : errors) {
+        t.Enabled(false);
+        client().ConnectionError.raise(code);
+        EXPECT_EQ(lblLog.Caption(), text);
+        t.fire();
+        EXPECT_THAT(log(), ElementsAre(AskForPlc)) << "its errors are skipped";
+    }
     client().active = true;
     t.fire();
     EXPECT_THAT(log(), IsEmpty()) << "linked by now";
@@ -93,99 +82,73 @@ TEST_F(ConnViewerTest, ShowsTheStateTable) {
     struct Case {
         int code;
         const char* caption;
-        std::array<bool, 4> linked, unlinked;
+        const char* linked;
+        const char* unlinked;
+        const char* flickering;  ///< true to the first who asks, then false, then true again
+        int reads;
     };
-    const Case cases[] = {
-        {0, "Disconnesso", {true, false, true, true}, {false, false, false, false}},
-        {1, "Dialing", {false, true, true, true}, {false, true, false, false}},
-        {2, "Connesso", {false, true, true, true}, {false, false, false, false}},
-        {3, "Modem occupato", {true, false, true, true}, {true, false, false, false}},
-        {4, "In disconnessione", {false, false, false, false}, {false, false, false, false}},
-        {5, "Downloading", {false, false, false, false}, {false, false, false, false}},
-    };
-    for (const Case& c : cases) {
+    for (const Case& c : {
+             Case{0, "Disconnesso", "C-LT", "----", "C---", 2},
+             {1, "Dialing", "-DLT", "-D--", "-DLT", 1},
+             {2, "Connesso", "-DLT", "----", "-D--", 2},
+             {3, "Modem occupato", "C-LT", "C---", "C-LT", 1},
+             {4, "In disconnessione", "----", "----", "----", 0},
+             {5, "Downloading", "----", "----", "----", 0},
+         }) {
         for (const bool active : {true, false}) {
             client().active = active;
             client().Stato.raise("RTU01", c.code);
             EXPECT_EQ(lblStato.Caption(), c.caption);
             EXPECT_EQ(enabled(), active ? c.linked : c.unlinked) << c.code << " " << active;
         }
+        client().flickers = true;
+        client().reads = 0;
+        client().Stato.raise("RTU01", c.code);
+        EXPECT_EQ(enabled(), c.flickering) << c.code;
+        EXPECT_EQ(client().reads, c.reads) << "each button asks anew";
+        client().flickers = false;
     }
-    // A code that it does not know shows the name and leaves the rest.
     client().active = true;
     for (const int code : {6, -1}) {
         lblVRX.Caption("");
         client().Stato.raise("RTU01", code);
-        EXPECT_EQ(lblVRX.Caption(), "RTU01");
-        EXPECT_EQ(lblStato.Caption(), "Downloading");
-        EXPECT_THAT(enabled(), Each(false));
+        EXPECT_EQ(lblVRX.Caption() + lblStato.Caption() + enabled(), "RTU01Downloading----")
+            << "a code that is not known shows the name and leaves the rest";
     }
-
     client().Stato.raise("RTU01", 2);
     client().lose();
-    EXPECT_EQ(lblLog.Caption(), "Runtime non attivo!!");
-    EXPECT_THAT(enabled(), Each(false)) << "a loss of the link is shown";
-    EXPECT_EQ(lblStato.Caption(), "Connesso");
+    EXPECT_EQ(lblLog.Caption() + lblStato.Caption() + enabled(),
+              "Runtime non attivo!!Connesso----");
     EXPECT_TRUE(t.Enabled());
 }
 
-TEST_F(ConnViewerTest, EachButtonAsksForTheLinkAnewInItsOrder) {
-    startWith({"RTU01"});
-    lvVRX.select(1);
-    client().flickers = true;  // true to the first who asks, then false, then true again
-    struct Case {
-        int code;
-        int reads;
-        std::array<bool, 4> shown;
-    };
-    const Case cases[] = {{0, 2, {true, false, false, false}},
-                          {1, 1, {false, true, true, true}},
-                          {2, 2, {false, true, false, false}},
-                          {3, 1, {true, false, true, true}},
-                          {4, 0, {false, false, false, false}}};
-    for (const Case& c : cases) {
-        client().reads = 0;
-        client().Stato.raise("RTU01", c.code);
-        EXPECT_EQ(client().reads, c.reads) << c.code;
-        EXPECT_EQ(enabled(), c.shown) << c.code;
-    }
-}
-
-TEST_F(ConnViewerTest, ButtonsAskTheRuntimeAboutTheSelectedStation) {
+TEST_F(ConnViewerTest, ButtonsAskAboutTheSelectedStation) {
     startWith({"RTU01", "RTU02"});
     lvVRX.select(2);
-    for (fakes::FakeButton* button : {&cmdConnetti, &cmdDisconnetti, &cmdDownload}) {
-        lblLog.Caption("old");
-        button->click();
-        EXPECT_EQ(lblLog.Caption(), "");
-    }
+    clickOfStation();
+    EXPECT_EQ(lblLog.Caption(), "");
     cmdDownloadAll.click();
-    EXPECT_THAT(log(), ElementsAre("ConnettiRTU RTU02", "DisconnettiRTU RTU02", "DownloadRTU RTU02",
-                                   "DownloadTutte"));
-}
-
-TEST_F(ConnViewerTest, ButtonsNeedAListALinkAndASelectionButForDownloadAll) {
-    startWith({"RTU01"});
-    const auto clickAll = [this] {
-        log().clear();
+    EXPECT_EQ(log(), Texts({"ConnettiRTU RTU02", "DisconnettiRTU RTU02", "DownloadRTU RTU02",
+                            "DownloadTutte"}));
+    // All but the last need a list, a link and a selection.
+    const auto expectNothing = [this] {
         client().reads = 0;
-        lblLog.Caption("old");
-        for (fakes::FakeButton* button : {&cmdConnetti, &cmdDisconnetti, &cmdDownload})
-            button->click();
+        clickOfStation();
         EXPECT_THAT(log(), IsEmpty());
         EXPECT_EQ(lblLog.Caption(), "old");
         EXPECT_EQ(client().reads, 3) << "the link is looked at in any case";
     };
-    clickAll();  // nothing selected
+    lvVRX.select(0);
+    expectNothing();
     lvVRX.select(1);
     client().active = false;
-    clickAll();
+    expectNothing();
     EXPECT_EQ(errorOf([this] { cmdDownloadAll.click(); }), ErrorNumber::ObjectNotSet);
     EXPECT_THAT(log(), ElementsAre("DownloadTutte"));
     EXPECT_EQ(lblLog.Caption(), "");
     client().active = true;
     lvVRX.Clear();
-    clickAll();
+    expectNothing();
 }
 
 TEST_F(ConnViewerTest, ErrorsLeaveTheHandlersAndThoseOfEventsGoToTheHost) {
@@ -197,10 +160,13 @@ TEST_F(ConnViewerTest, ErrorsLeaveTheHandlersAndThoseOfEventsGoToTheHost) {
         }
         std::vector<ErrorNumber> reported;
     } host;
-    ConnViewer other(form, host, services);
+    ConnViewer other(form(), host, services);
     other.Show();
-    client().link({"RTU01", "RTU01"});
-    client().Stato.raise("RTU02", 1);
+    (void)log();
+    client().link({"RTU01", "RTU02", "RTU01", "RTU03"});
+    EXPECT_EQ(listed(), Texts({"RTU01", "RTU02"})) << "a duplicate name ends the rebuild";
+    EXPECT_THAT(log(), IsEmpty());
+    client().Stato.raise("RTU03", 1);
     client().active = false;
     client().Errore.raise("x", "RTU01");
     EXPECT_THAT(host.reported, ElementsAre(ErrorNumber::KeyInUse, ErrorNumber::InvalidCall,
@@ -209,34 +175,28 @@ TEST_F(ConnViewerTest, ErrorsLeaveTheHandlersAndThoseOfEventsGoToTheHost) {
     EXPECT_EQ(errorOf([this] { lvVRX.click(1); }), ErrorNumber::ObjectNotSet);
 }
 
-TEST_F(ConnViewerTest, TerminateClosesTheLinkOnce) {
-    startWith({"RTU01"});
+TEST_F(ConnViewerTest, TerminateClosesTheLinkOnceAndDesignTimeTouchesNothing) {
+    ambient.userMode = false;
+    start();
     t.Enabled(true);
+    t.fire();
+    viewer->Terminate();
+    EXPECT_THAT(services.runtimes.made, IsEmpty());
+    EXPECT_EQ(lblHostname.Caption(), "");
+    EXPECT_TRUE(t.Enabled());
+
+    ambient.userMode = true;
+    startWith({"RTU01"});
     viewer->Terminate();
     viewer->Terminate();
     EXPECT_THAT(log(), ElementsAre("ChiudiRuntime"));
     EXPECT_TRUE(services.runtimes.made.back().expired());
     EXPECT_FALSE(t.Enabled());
     EXPECT_EQ(errorOf([this] { cmdDownload.click(); }), ErrorNumber::ObjectNotSet);
-
-    viewer->Show();
+    start();
     EXPECT_EQ(services.runtimes.made.size(), 2u);
-    log().clear();
     viewer.reset();
     EXPECT_THAT(log(), ElementsAre("ChiudiRuntime")) << "a host that only destroys it";
-}
-
-TEST_F(ConnViewerTest, DesignTimeTouchesNothing) {
-    ambient.userMode = false;
-    viewer->File("VeltRTU.ini");
-    viewer->Show();
-    t.Enabled(true);
-    t.fire();
-    viewer->Terminate();
-    viewer.reset();
-    EXPECT_THAT(services.runtimes.made, IsEmpty());
-    EXPECT_EQ(lblHostname.Caption(), "");
-    EXPECT_TRUE(t.Enabled());
 }
 
 TEST_F(ConnViewerTest, ColoursReachTheFrameAndTheCaptions) {
@@ -244,8 +204,27 @@ TEST_F(ConnViewerTest, ColoursReachTheFrameAndTheCaptions) {
     viewer->ForeColor(0x00FF00);
     EXPECT_EQ(frmSelezioneDati.backColor, 0x0000FFu);
     EXPECT_EQ(frmSelezioneDati.foreColor, 0x00FF00u);
-    EXPECT_THAT(captions, Each(Field(&fakes::FakeFrame::foreColor, 0x00FF00u)));
-    EXPECT_THAT(captions, Each(Field(&fakes::FakeFrame::backColor, 0u)));
+    EXPECT_THAT(captions, Each(AllOf(Field(&fakes::FakeFrame::foreColor, 0x00FF00u),
+                                     Field(&fakes::FakeFrame::backColor, 0u))));
+}
+
+TEST_F(ConnViewerTest, FrameLogAndListFollowTheSizeFromTheMinimumOn) {
+    fakes::FakePlaced place{0, 45, 1, 1};
+    fakes::FakePlaced line{600, 3000, 1, 1};
+    control.border = 60;
+    control.width = 12000;
+    control.height = 6000;
+    const auto sizes = [&] {
+        layOut({control, place, line, list});
+        return std::vector{control.width, control.height, place.Width(), place.Height(),
+                           line.Width(),  line.Height(),  list.Width(),  list.Height()};
+    };
+    EXPECT_THAT(sizes(), ElementsAre(12000, 6000, 11940, 5895, 11160, 2715, 3000, 5640));
+    control.width = control.height = 3000;
+    EXPECT_THAT(sizes(), ElementsAre(9435, 4110, 9375, 4005, 8595, 825, 3000, 3750));
+    line = fakes::FakePlaced{20000, 9000, 77, 88};  // a size that is refused is skipped
+    list.Height(1);
+    EXPECT_THAT(sizes(), ElementsAre(9435, 4110, 9375, 4005, 77, 88, 3000, 3750));
 }
 
 }  // namespace

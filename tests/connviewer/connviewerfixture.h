@@ -10,6 +10,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace velt {
@@ -17,6 +18,8 @@ namespace velt {
 /// A connection viewer on fakes; "VeltRTU.ini" names the host "plc".
 class ConnViewerFixture : public testing::Test {
 protected:
+    using Texts = std::vector<std::string>;
+
     ConnViewerFixture() {
         services.settingsFactory.files["VeltRTU.ini"]["Common"]["Hostname"] = "plc";
     }
@@ -25,22 +28,39 @@ protected:
     void start() {
         viewer->File("VeltRTU.ini");
         viewer->Show();
-        log().clear();
+        (void)log();
     }
     /// Linked to a runtime with these stations.
-    void startWith(const std::vector<std::string>& stations) {
+    void startWith(const Texts& stations) {
         start();
         client().link(stations);
-        log().clear();
+        (void)log();
     }
-    std::vector<std::string>& log() { return services.runtimes.log; }
+    /// What was asked of the runtime since the last time.
+    Texts log() { return std::exchange(services.runtimes.log, {}); }
     /// The client that was made last.
     fakes::FakeRuntimeClient& client() { return *services.runtimes.made.back().lock(); }
-    std::vector<std::string> listed() const { return lvVRX.texts(); }
-    /// Enabled state of the four buttons: Connetti, Disconnetti, Download, Download tutte.
-    std::array<bool, 4> enabled() const {
-        return {cmdConnetti.Enabled(), cmdDisconnetti.Enabled(), cmdDownload.Enabled(),
-                cmdDownloadAll.Enabled()};
+    Texts listed() const { return lvVRX.texts(); }
+    ConnViewerForm form() {
+        std::array<Frame*, 7> labels{};
+        for (std::size_t i = 0; i < labels.size(); ++i) labels[i] = &captions[i];
+        return {frmSelezioneDati,
+                labels,
+                lblHostname,
+                lblProgetto,
+                lblVersione,
+                lblVRX,
+                lblStato,
+                lblLog,
+                lvVRX,
+                columns,
+                icons,
+                cmdConnetti,
+                cmdDisconnetti,
+                cmdDownload,
+                cmdDownloadAll,
+                t,
+                {control, frame, logPlace, list}};
     }
 
     fakes::FakeAmbient ambient;
@@ -55,25 +75,7 @@ protected:
     fakes::FakeTimer t;
     fakes::FakeSurface control;
     fakes::FakePlaced frame{0, 0, 1, 1}, logPlace{100, 100, 1, 1}, list{6000, 300, 3000, 1};
-    const ConnViewerForm form{frmSelezioneDati,
-                              {&captions[0], &captions[1], &captions[2], &captions[3], &captions[4],
-                               &captions[5], &captions[6]},
-                              lblHostname,
-                              lblProgetto,
-                              lblVersione,
-                              lblVRX,
-                              lblStato,
-                              lblLog,
-                              lvVRX,
-                              columns,
-                              icons,
-                              cmdConnetti,
-                              cmdDisconnetti,
-                              cmdDownload,
-                              cmdDownloadAll,
-                              t,
-                              {control, frame, logPlace, list}};
-    std::unique_ptr<ConnViewer> viewer = std::make_unique<ConnViewer>(form, ambient, services);
+    std::unique_ptr<ConnViewer> viewer = std::make_unique<ConnViewer>(form(), ambient, services);
 };
 
 }  // namespace velt
