@@ -3,7 +3,7 @@
 
 #include "adapters/qt/gatedcontrol.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QMetaObject>
 
 #include <algorithm>
@@ -90,7 +90,8 @@ void Gate::abandon(const GatedControl& control) {
 
 QWidget* Gate::window() const {
     QWidget* widget = current_ ? current_->widget() : nullptr;
-    return widget && widget->window()->isVisible() ? widget->window() : nullptr;
+    return widget && widget->window()->isVisible() ? widget->window()
+                                                   : QApplication::activeWindow();
 }
 
 void Gate::perform(const Owner& owner, const Call& call) {

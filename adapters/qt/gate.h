@@ -56,7 +56,8 @@ public:
 
     /// A handler is inside.
     [[nodiscard]] bool busy() const { return inside_; }
-    /// The window of the control whose handler is inside; null when there is none to be seen.
+    /// The window over which a dialog is to stand: that of the control whose handler is inside, or
+    /// the active one; null when there is neither.
     [[nodiscard]] QWidget* window() const;
 
 private:

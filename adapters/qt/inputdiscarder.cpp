@@ -13,6 +13,7 @@ InputDiscarder::~InputDiscarder() {
 
 void InputDiscarder::switchOn() {
     modalBefore_ = QApplication::activeModalWidget();
+    spared_ = nullptr;
     on_ = true;
     if (!installed_) qApp->installEventFilter(this);
     installed_ = true;
@@ -21,10 +22,12 @@ void InputDiscarder::switchOn() {
 void InputDiscarder::switchOff() { on_ = false; }
 
 bool InputDiscarder::reaches(QObject* watched) const {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (!modal || modal == modalBefore_) return false;
-    if (const auto* widget = qobject_cast<QWidget*>(watched)) return widget->window() == modal;
-    return watched == modal->windowHandle();
+    const auto isIn = [watched](const QWidget* window) {
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        return window && (widget ? widget->window() == window : watched == window->windowHandle());
+    };
+    const QWidget* modal = QApplication::activeModalWidget();
+    return isIn(spared_) || (modal != modalBefore_ && isIn(modal));
 }
 
 bool InputDiscarder::eventFilter(QObject* watched, QEvent* event) {

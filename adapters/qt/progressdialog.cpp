@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/qt/progressdialog.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -11,7 +12,9 @@ namespace velt::qt {
 ProgressDialog::ProgressDialog(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
     setWindowTitle(QStringLiteral("Attendere"));
-    setModal(true);
+    // Windows below a modal one cannot be closed: their close events never come. What else is done
+    // to them during a wait is discarded anyway.
+    setModal(QApplication::activeModalWidget() != nullptr);
 
     auto* label = new QLabel(QStringLiteral("Operazione in corso..."), this);
     auto* bar = new QProgressBar(this);

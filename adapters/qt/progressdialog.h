@@ -5,7 +5,8 @@
 
 namespace velt::qt {
 
-/// A small modal window that says that something is going on, with a button to end it.
+/// A small window that says that something is going on, with a button to end it. The windows below
+/// can still be closed, unless one of them is modal.
 class ProgressDialog : public QDialog {
     Q_OBJECT
 

@@ -10,13 +10,12 @@
 namespace velt::qt {
 
 std::optional<OleColor> QtColorDialog::ShowColor(OleColor preset) {
-    QWidget* parent = gate_.window() ? gate_.window() : QApplication::activeWindow();
     // The window over which it stands may be destroyed while it is open, and takes it along.
     QPointer<QColorDialog> dialog;
     Gate::Wait wait(gate_, [&dialog] {
         if (dialog) dialog->reject();
     });
-    dialog = new QColorDialog(toQColor(preset, QApplication::palette()), parent);
+    dialog = new QColorDialog(toQColor(preset, QApplication::palette()), gate_.window());
     dialog->setWindowTitle(QStringLiteral("Colore della penna"));
     std::optional<OleColor> chosen;
     if (dialog->exec() == QDialog::Accepted && dialog) chosen = toOleColor(dialog->selectedColor());

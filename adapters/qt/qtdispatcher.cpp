@@ -119,10 +119,11 @@ std::chrono::milliseconds QtDispatcher::patience() {
 
 void QtDispatcher::waitFor(Job& job, QEventLoop& loop) {
     if (!job.attach(loop)) return;
-    // Owned by the control's window, which may be destroyed during the wait.
+    // Owned by the window below, which may be destroyed during the wait.
     QPointer<ProgressDialog> progress;
     QTimer::singleShot(ProgressDelay, &loop, [this, &progress, &loop] {
         progress = new ProgressDialog(gate_.window());
+        discarder_.spare(progress);
         QObject::connect(progress, &QDialog::rejected, &loop, &QEventLoop::quit);
         progress->show();
     });

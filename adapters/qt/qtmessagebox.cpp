@@ -3,20 +3,18 @@
 
 #include "adapters/qt/text.h"
 
-#include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
 
 namespace velt::qt {
 
 void QtMessageBox::Show(const std::string& text, int style, const std::string& title) {
-    QWidget* parent = gate_.window() ? gate_.window() : QApplication::activeWindow();
     // The window over which it stands may be destroyed while it is open, and takes it along.
     QPointer<QMessageBox> box;
     Gate::Wait wait(gate_, [&box] {
         if (box) box->reject();
     });
-    box = new QMessageBox(parent);
+    box = new QMessageBox(gate_.window());
     box->setWindowTitle(toQt(title));
     box->setTextFormat(Qt::PlainText);
     box->setText(toQt(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
