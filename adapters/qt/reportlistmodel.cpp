@@ -15,7 +15,7 @@ std::size_t at(int index) { return static_cast<std::size_t>(index); }
 }  // namespace
 
 ReportListModel::ReportListModel(ReportLayout layout, const Locale& locale)
-    : layout_(std::move(layout)), rules_(locale) {}
+    : CaptionedModel(layout.captions), layout_(std::move(layout)), rules_(locale) {}
 
 int ReportListModel::rowOf(const std::string& key) const {
     const auto found = rowOf_.find(key);
@@ -180,10 +180,6 @@ int ReportListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(order_.size());
 }
 
-int ReportListModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(layout_.captions.size());
-}
-
 QVariant ReportListModel::toolTip(const Row& row, int column) const {
     QString text = toQt(row.texts[at(column)]);
     if (column == 0 && row.picture && !row.picture->meaning.isEmpty())
@@ -211,19 +207,6 @@ QVariant ReportListModel::data(const QModelIndex& index, int role) const {
                                                                 : QVariant();
         default: return {};
     }
-}
-
-QVariant ReportListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
-        return QAbstractTableModel::headerData(section, orientation, role);
-    if (role == Qt::DisplayRole) return layout_.captions[section];
-    if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignVCenter | Qt::AlignLeft);
-    return {};
-}
-
-Qt::ItemFlags ReportListModel::flags(const QModelIndex& index) const {
-    if (!index.isValid()) return Qt::NoItemFlags;
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }
 
 }  // namespace velt::qt

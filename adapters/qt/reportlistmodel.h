@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/qt/captionedmodel.h"
 #include "adapters/qt/sorttext.h"
 
-#include <QAbstractTableModel>
 #include <QIcon>
 
 #include <map>
@@ -34,7 +34,7 @@ struct ReportLayout {
 /// Rows of texts, found by their key in constant time, sorted and filtered through a permutation.
 /// Assignments only take note; flush() brings them into view. A *row* here counts from 0 in the
 /// order of adding, a *position* is a row of the model.
-class ReportListModel : public QAbstractTableModel {
+class ReportListModel : public CaptionedModel {
 public:
     enum Role {
         AbnormalRole = Qt::UserRole,  ///< bool: the row's state is not the normal one
@@ -73,11 +73,7 @@ public:
     [[nodiscard]] int rowAt(int position) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
-                                      int role) const override;
-    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
     [[nodiscard]] bool isAbnormal(const Row& row) const;

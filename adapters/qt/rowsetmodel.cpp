@@ -49,10 +49,6 @@ int RowSetModel::rowCount(const QModelIndex& parent) const {
     return static_cast<int>(std::min(rows_->rowCount(), Most));
 }
 
-int RowSetModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(captions_.size());
-}
-
 QVariant RowSetModel::data(const QModelIndex& index, int role) const {
     const bool isText = role == Qt::DisplayRole || role == Qt::ToolTipRole;
     if (!isText && role != Qt::TextAlignmentRole) return {};
@@ -64,20 +60,6 @@ QVariant RowSetModel::data(const QModelIndex& index, int role) const {
         return QVariant(Qt::AlignVCenter | (isNumber(value) ? Qt::AlignRight : Qt::AlignLeft));
     const QString text = toQt(cellText(value, locale_));
     return role == Qt::DisplayRole ? oneLine(text) : text.toHtmlEscaped();
-}
-
-QVariant RowSetModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation == Qt::Horizontal && section >= 0 && section < captions_.size()) {
-        if (role == Qt::DisplayRole) return captions_[section];
-        if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignVCenter | Qt::AlignLeft);
-        return {};
-    }
-    return QAbstractTableModel::headerData(section, orientation, role);
-}
-
-Qt::ItemFlags RowSetModel::flags(const QModelIndex& index) const {
-    if (!index.isValid()) return Qt::NoItemFlags;
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }
 
 }  // namespace velt::qt
