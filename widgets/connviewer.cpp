@@ -14,6 +14,8 @@
 #include "widgets/internal/lineicons.h"
 #include "widgets/internal/livecontrol.h"
 
+#include <QEvent>
+
 namespace velt::ui {
 namespace {
 
@@ -102,10 +104,7 @@ ConnViewer::ConnViewer(Services& services, QWidget* parent) : ConnViewer(&servic
 
 ConnViewer::ConnViewer(Services* services, QWidget* parent)
     : ControlWidget("File", services, parent), ui_(std::make_unique<ConnViewerUi>(this)) {
-    // A layout of the host would not let the control grow back by itself.
-    setMinimumSize(connlayout::MinimumWidth / TwipsPerPixel,
-                   connlayout::MinimumHeight / TwipsPerPixel);
-    layOut(Places(*ui_).form());
+    arrange();
 }
 
 ConnViewer::~ConnViewer() = default;
@@ -114,10 +113,23 @@ QString ConnViewer::CartellaDownload() const {
     return qt::toQt(velt::CartellaDownload(qt::fromQt(File())));
 }
 
-void ConnViewer::resizeEvent(QResizeEvent* event) {
-    ControlWidget::resizeEvent(event);
+void ConnViewer::arrange() {
+    const QSize least(connlayout::MinimumWidth / TwipsPerPixel,
+                      connlayout::MinimumHeight / TwipsPerPixel);
+    // A layout of the host would not let the control grow back by itself.
+    setMinimumSize(ui_->place().expandedTo(least));
     // At any time, also while a handler waits or in a form designer: it touches sizes only.
     layOut(Places(*ui_).form());
+}
+
+void ConnViewer::resizeEvent(QResizeEvent* event) {
+    ControlWidget::resizeEvent(event);
+    arrange();
+}
+
+void ConnViewer::changeEvent(QEvent* event) {
+    ControlWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) arrange();
 }
 
 std::shared_ptr<LiveControl> ConnViewer::makeLogic(Services& services) {

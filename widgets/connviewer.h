@@ -10,7 +10,8 @@ namespace velt::ui {
 struct ConnViewerUi;
 
 /// Links to the telecontrol runtime, shows the line state of its stations, and lets the operator
-/// connect, disconnect and download them. Never smaller than 9435 x 4110 twips (629 x 274 pixels).
+/// connect, disconnect and download them. Never smaller than 9435 x 4110 twips (629 x 274 pixels),
+/// nor than its texts need in the present font.
 class VELT_API ConnViewer final : public ControlWidget {
     Q_OBJECT
     Q_PROPERTY(QString File READ File WRITE readFile)
@@ -34,9 +35,11 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     ConnViewer(Services* services, QWidget* parent);
+    void arrange();
     std::shared_ptr<LiveControl> makeLogic(Services& services) override;
     void readFile(const QString& path) { readSource(path); }
 

@@ -72,14 +72,9 @@ AlarmViewerUi::AlarmViewerUi(QWidget* face)
     layout->addLayout(filters);
     layout->addWidget(area, 1);
     layout->addWidget(Adodc);
-    QWidget* const order[] = {chkDataIniziale, DataIniziale,
-                              TimeIniziale,    chkDataFinale,
-                              DataFinale,      TimeFinale,
-                              chkAllarme,      cmbAllarme,
-                              lvVRX,           cmdSeleziona,
-                              cmdDeseleziona,  cmdAggiornaVRX,
-                              cmdAggiornaDati, dg};
-    for (std::size_t i = 1; i < std::size(order); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+    orderTabs({chkDataIniziale, DataIniziale, TimeIniziale, chkDataFinale, DataFinale, TimeFinale,
+               chkAllarme, cmbAllarme, lvVRX, cmdSeleziona, cmdDeseleziona, cmdAggiornaVRX,
+               cmdAggiornaDati, dg});
 }
 
 QWidget* AlarmViewerUi::makePeriod() {

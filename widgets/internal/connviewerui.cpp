@@ -4,11 +4,14 @@
 #include "widgets/internal/elidedlabel.h"
 #include "widgets/internal/facemaking.h"
 
-#include <iterator>
-#include <utility>
+#include <algorithm>
+#include <initializer_list>
 
 namespace velt::ui {
 namespace {
+
+constexpr int Margin = 12;   // pixels
+constexpr int LogLines = 3;  // that there is room for, at least
 
 QLabel* plainText(QLabel* label) {
     label->setTextFormat(Qt::PlainText);
@@ -63,22 +66,52 @@ ConnViewerUi::ConnViewerUi(QWidget* face)
     lvVRX->setEmptyText(QStringLiteral("Nessuna stazione"));
     lvVRX->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
-    // Pixels. The list stands on the control beside the frame's other content.
-    const std::pair<QWidget*, QRect> places[] = {
-        {frmSelezioneDati, {0, 0, 629, 274}},  {captions[6], {12, 8, 190, 20}},
-        {lvVRX, {12, 30, 190, 244}},           {captions[0], {222, 10, 106, 20}},
-        {lblProgetto, {332, 10, 285, 20}},     {captions[1], {222, 32, 106, 20}},
-        {lblVersione, {332, 32, 285, 20}},     {captions[2], {222, 54, 106, 20}},
-        {lblHostname, {332, 54, 285, 20}},     {captions[3], {222, 84, 106, 20}},
-        {lblVRX, {332, 84, 285, 20}},          {captions[4], {222, 106, 106, 20}},
-        {lblStato, {332, 106, 285, 20}},       {cmdConnetti, {222, 136, 125, 26}},
-        {cmdDisconnetti, {353, 136, 125, 26}}, {cmdDownload, {222, 168, 125, 26}},
-        {cmdDownloadAll, {353, 168, 264, 26}}, {captions[5], {222, 203, 40, 20}},
-        {lblLog, {266, 206, 351, 56}}};
-    for (const auto& [widget, place] : places) widget->setGeometry(place);
+    orderTabs({lvVRX, cmdConnetti, cmdDisconnetti, cmdDownload, cmdDownloadAll});
+    place();
+}
 
-    QWidget* const order[] = {lvVRX, cmdConnetti, cmdDisconnetti, cmdDownload, cmdDownloadAll};
-    for (std::size_t i = 1; i < std::size(order); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+QSize ConnViewerUi::place() const {
+    // Lengths in pixels; larger fonts stretch them.
+    const auto widestOf = [](std::initializer_list<const QWidget*> widgets, int least) {
+        for (const QWidget* widget : widgets) least = std::max(least, widget->sizeHint().width());
+        return least;
+    };
+    const int row = std::max(20, captions[6]->sizeHint().height());
+    const int listWidth = widestOf({captions[6]}, 190);
+    const int left = Margin + listWidth + 20;
+    const int captionWidth =
+        widestOf({captions[0], captions[1], captions[2], captions[3], captions[4]}, 106);
+    const int small = widestOf({cmdConnetti, cmdDisconnetti, cmdDownload}, 125);
+    const int second = left + small + 6;
+    const int right = second + widestOf({cmdDownloadAll}, 264);
+
+    frmSelezioneDati->move(0, 0);
+    captions[6]->setGeometry(Margin, 8, listWidth, row);
+    lvVRX->setGeometry(Margin, 8 + row + 2, listWidth, lvVRX->height());
+    int y = 10;
+    const auto line = [&](QLabel* caption, QLabel* value, int gap) {
+        caption->setGeometry(left, y, captionWidth, row);
+        const int x = left + captionWidth + 4;
+        value->setGeometry(x, y, right - x, row);
+        y += row + gap;
+    };
+    line(captions[0], lblProgetto, 2);
+    line(captions[1], lblVersione, 2);
+    line(captions[2], lblHostname, 10);
+    line(captions[3], lblVRX, 2);
+    line(captions[4], lblStato, 10);
+    const int buttonHeight = std::max(26, cmdConnetti->fontMetrics().height() + 8);
+    cmdConnetti->setGeometry(left, y, small, buttonHeight);
+    cmdDisconnetti->setGeometry(second, y, small, buttonHeight);
+    y += buttonHeight + 6;
+    cmdDownload->setGeometry(left, y, small, buttonHeight);
+    cmdDownloadAll->setGeometry(second, y, right - second, buttonHeight);
+    y += buttonHeight + 9;
+    const int logCaption = widestOf({captions[5]}, 40);
+    captions[5]->setGeometry(left, y, logCaption, row);
+    lblLog->move(left + logCaption + 4, y + (row - lblLog->fontMetrics().height()) / 2);
+    return {right + Margin,
+            lblLog->y() + std::max(56, LogLines * lblLog->fontMetrics().lineSpacing()) + Margin};
 }
 
 }  // namespace velt::ui

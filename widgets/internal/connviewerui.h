@@ -11,10 +11,13 @@
 
 namespace velt::ui {
 
-/// The widgets of a connection viewer at their places on `face`, which owns them. What follows the
-/// face's size is laid out by the logic's rules, not here.
+/// The widgets of a connection viewer on `face`, which owns them.
 struct ConnViewerUi {
     explicit ConnViewerUi(QWidget* face);
+
+    /// Puts everything at its place, with room for its text in the present fonts. What follows the
+    /// face's size is laid out by the logic's rules after that. Returns the least size of the face.
+    QSize place() const;
 
     static constexpr int CaptionCount = 7;
 

@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include <utility>
+#include <vector>
 
 namespace velt::ui {
 
@@ -19,6 +20,12 @@ Widget* make(const char* name, Args&&... args) {
 inline QPushButton* plainButton(QPushButton* button) {
     button->setAutoDefault(false);
     return button;
+}
+
+/// Tab goes through `widgets` in this order.
+inline void orderTabs(const std::vector<QWidget*>& widgets) {
+    for (std::size_t i = 1; i < widgets.size(); ++i)
+        QWidget::setTabOrder(widgets[i - 1], widgets[i]);
 }
 
 }  // namespace velt::ui

@@ -64,10 +64,8 @@ OPCViewerUi::OPCViewerUi(QWidget* face)
     layout->setContentsMargins(6, 6, 6, 6);
     layout->setSizeConstraint(QLayout::SetMinimumSize);  // also on a form without a layout
     layout->addWidget(halves);
-    QWidget* const order[] = {lvVRX,           cmdVrxFromOPC,   cmdSeleziona, cmdDeseleziona,
-                              cmdAggiornaDati, cmdEliminaTutto, txtFiltro,    chkNonGood,
-                              lvItem,          txtScrittura,    cmdScrivi};
-    for (std::size_t i = 1; i < std::size(order); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+    orderTabs({lvVRX, cmdVrxFromOPC, cmdSeleziona, cmdDeseleziona, cmdAggiornaDati, cmdEliminaTutto,
+               txtFiltro, chkNonGood, lvItem, txtScrittura, cmdScrivi});
     QObject::connect(txtScrittura, &QLineEdit::returnPressed, cmdScrivi, &QPushButton::click);
     showItems(0, 0);
 }
