@@ -6,13 +6,18 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QLibraryInfo>
 #include <QTimer>
+#include <QTranslator>
 
 #include <cstdio>
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
+    QTranslator qtTexts;  // of Qt's own dialogs, in the language of the controls
+    if (qtTexts.load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&qtTexts);
     const QString folder = arguments.value(1, ".");
 
     QWidget window;
