@@ -8,73 +8,63 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace velt::ui {
 
 /// What happened to the logic of a ProbeWidget, and what it does then. Outlives the widget.
 struct Probe {
-    std::vector<std::string> log;
+    std::string log;
     std::function<void()> onStart = [] {};
     std::function<void()> onSource = [] {};
 };
 
-/// A control whose logic does nothing but say what happens to it.
-class ProbeLogic final : public Control {
-public:
-    ProbeLogic(Probe& probe, ControlTraits::Start start, Ambient& ambient, Services& services)
-        : Control(
-              {.name = "Probe", .sourceProperty = "File", .start = start, .loadsSettings = true},
-              ambient, services),
-          probe_(probe) {}
-    ~ProbeLogic() override { probe_.log.emplace_back("destroyed"); }
-    void File(const std::string& value) { source(value); }
-
-private:
-    void applyBackColor(OleColor) override {}
-    void applyForeColor(OleColor) override {}
-    void start() override {
-        probe_.log.push_back("start " + source());
-        probe_.onStart();
-    }
-    void sourceAssigned() override {
-        probe_.log.push_back("source " + source());
-        probe_.onSource();
-    }
-    void loadSettings() override { probe_.log.push_back("settings " + section()); }
-    void release() override { probe_.log.emplace_back("release"); }
-
-    Probe& probe_;
-};
-
+/// A control whose logic does nothing but say what happens to it; started by each show.
 class ProbeWidget final : public ControlWidget {
 public:
-    ProbeWidget(Probe& probe, Services& services, QWidget* parent = nullptr,
-                ControlTraits::Start start = ControlTraits::Start::EveryShow)
-        : ControlWidget("File", &services, parent), probe_(probe), start_(start) {}
-    void File(const QString& path) { source(path); }
-    [[nodiscard]] QString File() const { return source(); }
-    void readFile(const QString& path) { readSource(path); }
+    ProbeWidget(Probe& probe, Services& services)
+        : ControlWidget("File", &services, nullptr), probe_(probe) {}
+    using ControlWidget::readSource;
+    using ControlWidget::source;
 
 private:
-    class Live final : public LiveControl {
+    class Live final : public LiveControl, public Control {
     public:
         Live(ProbeWidget& widget, Services& services)
-            : LiveControl(widget), logic_(widget.probe_, widget.start_, *this, services) {}
-        Control& logic() override { return logic_; }
-        void assignSource(const std::string& value) override { logic_.File(value); }
+            : LiveControl(widget),
+              Control({.name = "Probe",
+                       .sourceProperty = "File",
+                       .start = ControlTraits::Start::EveryShow,
+                       .loadsSettings = true},
+                      *this, services),
+              probe_(widget.probe_) {
+            probe_.log += "live;";
+        }
+        ~Live() override { probe_.log += "destroyed;"; }
+        Control& logic() override { return *this; }
+        void assignSource(const std::string& value) override { source(value); }
 
     private:
-        ProbeLogic logic_;
+        void applyBackColor(OleColor) override {}
+        void applyForeColor(OleColor) override {}
+        void start() override {
+            probe_.log += "start " + source() + ";";
+            probe_.onStart();
+        }
+        void sourceAssigned() override {
+            probe_.log += "source " + source() + ";";
+            probe_.onSource();
+        }
+        void loadSettings() override { probe_.log += "settings " + section() + ";"; }
+        void release() override { probe_.log += "release;"; }
+
+        Probe& probe_;
     };
 
     std::shared_ptr<LiveControl> makeLogic(Services& services) override {
-        probe_.log.emplace_back("live");
         return std::make_shared<Live>(*this, services);
     }
 
     Probe& probe_;
-    ControlTraits::Start start_;
 };
 
 }  // namespace velt::ui

@@ -9,7 +9,6 @@
 #include "widgets/alarmviewer.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
@@ -20,7 +19,6 @@
 namespace velt::ui {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -39,108 +37,87 @@ protected:
     ~RealFilesTest() override { settle(); }
 
     void writeAlarms(int rows) const {
+        std::filesystem::remove(file);
         jet::Writer writer = jet::Writer::create(file);
-        const std::vector<jet::ColumnDefinition> columns = {{"Data", jet::ColumnType::Date},
-                                                            {"VRX", jet::ColumnType::Text},
-                                                            {"Allarme", jet::ColumnType::Text},
-                                                            {"Descrizione", jet::ColumnType::Text},
-                                                            {"Evento", jet::ColumnType::Text}};
+        std::vector<jet::ColumnDefinition> columns = {{"Data", jet::ColumnType::Date}};
+        for (const char* name : {"VRX", "Allarme", "Descrizione", "Evento"})
+            columns.push_back({name, jet::ColumnType::Text});
         writer.createTable("Allarmi", columns);
         for (int i = 0; i < rows; ++i) {
-            const std::vector<Variant> row = {
-                Date(38790 + i / 24.0), "RTU0" + std::to_string(i % 3 + 1),
-                i % 2 == 0 ? "Livello alto" : "Pompa ferma", "perché no", "Attivo"};
+            const std::vector<Variant> row = {Date(38790 + i / 24.0),
+                                              "RTU0" + std::to_string(i % 3 + 1), "Livello alto",
+                                              "perché no", "Attivo"};
             writer.append("Allarmi", row);
         }
         writer.flush();
     }
-    std::unique_ptr<AlarmViewer> shown() const {
-        auto viewer = std::make_unique<AlarmViewer>();
+    void show() {
+        viewer = std::make_unique<AlarmViewer>();
         viewer->setObjectName("AlarmViewer1");
         viewer->File(QString::fromStdString(file.string()));
         viewer->FileIni(QString::fromStdString((folder / "panel.ini").string()));
         viewer->show();
-        return viewer;
     }
-    static QAbstractItemModel* model(const AlarmViewer& viewer, const char* view) {
-        return viewer.findChild<QTableView*>(view)->model();
+    void close() {
+        viewer->Terminate();
+        viewer.reset();
     }
-    static void click(const AlarmViewer& viewer, const char* button) {
-        QTest::mouseClick(viewer.findChild<QPushButton*>(button), Qt::LeftButton);
+    QAbstractItemModel* model(const char* view) const {
+        return viewer->findChild<QTableView*>(view)->model();
+    }
+    void click(const char* button) const {
+        QTest::mouseClick(viewer->findChild<QPushButton*>(button), Qt::LeftButton);
     }
 
     TempFolder folder;
     std::filesystem::path file = folder / "Allarmi.mdb";
+    std::unique_ptr<AlarmViewer> viewer;
     QTimer reader;
     std::vector<std::string> messages;
 };
 
-TEST_F(RealFilesTest, FromTheFileToTheGridAndBackToTheSettings) {
-    writeAlarms(100);
-    const auto viewer = shown();
-    ASSERT_TRUE(eventually([&] { return model(*viewer, "lvVRX")->rowCount() == 3; }));
-    click(*viewer, "cmdSeleziona");
-    settle();
-    click(*viewer, "cmdAggiornaDati");
-    auto* grid = viewer->findChild<QTableView*>("dg");
-    ASSERT_TRUE(eventually([&] { return grid->isVisible(); }));
-    EXPECT_EQ(grid->model()->rowCount(), 100);
-    EXPECT_EQ(grid->model()->index(1, 0).data(), "14/03/2006 01.00.00");
-    EXPECT_EQ(grid->model()->index(1, 3).data(), "perché no");
-    viewer->Terminate();
-    EXPECT_THAT(test::bytesOf(folder / "panel.ini"), HasSubstr("[AlarmViewer_AlarmViewer1]"));
-    EXPECT_THAT(test::bytesOf(folder / "panel.ini"), HasSubstr("List3=1"));
-    EXPECT_THAT(messages, IsEmpty());
-}
-
 TEST_F(RealFilesTest, TellsWhatIsWrongAndGoesOnWhenItIsMended) {
-    const auto viewer = shown();
+    show();
     ASSERT_TRUE(eventually([&] { return messages.size() == 1; }));
     test::writeBytes(file, "not a database");
-    click(*viewer, "cmdAggiornaVRX");
+    click("cmdAggiornaVRX");
     ASSERT_TRUE(eventually([&] { return messages.size() == 2; }));
     EXPECT_EQ(messages[0], "Errore: Il File Allarmi non esiste!");
     EXPECT_THAT(messages[1], HasSubstr("Error: Error N°: 3343\nDesc.: "));
-    std::filesystem::remove(file);
-    writeAlarms(5);
+    writeAlarms(100);
     settle();
-    click(*viewer, "cmdAggiornaVRX");
-    EXPECT_TRUE(eventually([&] { return model(*viewer, "lvVRX")->rowCount() == 3; }));
-    viewer->Terminate();
-}
+    click("cmdAggiornaVRX");
+    EXPECT_TRUE(eventually([&] { return model("lvVRX")->rowCount() == 3; }));
+    click("cmdAggiornaDati");
+    ASSERT_TRUE(eventually([&] { return model("dg")->rowCount() == 100; }));
+    EXPECT_EQ(model("dg")->index(1, 0).data(), "14/03/2006 01.00.00");
+    EXPECT_EQ(model("dg")->index(1, 3).data(), "perché no");
+    click("cmdSeleziona");
+    settle();
 
-TEST_F(RealFilesTest, WhatTheOperatorChoseIsSavedEvenWhenTheControlGoesDuringAMessage) {
-    writeAlarms(10);
-    auto viewer = shown();
-    ASSERT_TRUE(eventually([&] { return model(*viewer, "lvVRX")->rowCount() == 3; }));
-    click(*viewer, "cmdSeleziona");
-    settle();
+    // What the operator chose is saved even when the control goes during a message.
     test::writeBytes(file, "not a database any more");
     reader.disconnect();
-    QObject::connect(&reader, &QTimer::timeout, [&viewer] {
-        if (!viewer || !QApplication::activeModalWidget()) return;
-        viewer->Terminate();
-        viewer.reset();
+    QObject::connect(&reader, &QTimer::timeout, [this] {
+        if (viewer && QApplication::activeModalWidget()) close();
     });
-    click(*viewer, "cmdAggiornaDati");
+    click("cmdAggiornaDati");
     ASSERT_TRUE(eventually([&] { return !viewer; }));
     settle();
-    EXPECT_THAT(test::bytesOf(folder / "panel.ini"), HasSubstr("ListCount=3"));
-    EXPECT_THAT(test::bytesOf(folder / "panel.ini"), HasSubstr("List3=1"));
+    const std::string saved = test::bytesOf(folder / "panel.ini");
+    EXPECT_THAT(saved, HasSubstr("[AlarmViewer_AlarmViewer1]"));
+    EXPECT_THAT(saved, HasSubstr("List3=1"));
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(RealFilesTest, MayBeClosedAtAnyMoment) {
     writeAlarms(20000);
     for (int turns = 0; turns < 12; ++turns) {
-        auto viewer = shown();
+        show();
         for (int i = 0; i < turns; ++i) QCoreApplication::processEvents();
-        click(*viewer, "cmdAggiornaDati");
+        click("cmdAggiornaDati");
         for (int i = 0; i < turns / 2; ++i) QCoreApplication::processEvents();
-        QTimer::singleShot(turns / 3, qApp, [&viewer] {
-            viewer->Terminate();
-            viewer.reset();
-        });
+        QTimer::singleShot(turns / 3, qApp, [this] { close(); });
         ASSERT_TRUE(eventually([&] { return !viewer; }));
         settle();
     }
@@ -149,14 +126,10 @@ TEST_F(RealFilesTest, MayBeClosedAtAnyMoment) {
 
 TEST_F(RealFilesTest, AHostMayGiveOtherServicesBeforeAControlGoesLive) {
     fakes::FakeServices services;
-    {
-        AlarmViewer viewer;
-        setStandardServices(&services);
-        viewer.File("missing.mdb");
-        viewer.show();
-        settle();
-        viewer.Terminate();
-    }
+    setStandardServices(&services);
+    show();
+    settle();
+    close();
     setStandardServices(nullptr);
     EXPECT_EQ(services.messages.shown.size(), 1U);
     EXPECT_THAT(messages, IsEmpty());
