@@ -7,18 +7,16 @@
 // FILE (default: allarmi-bench.mdb in the temporary folder) is made when it does not exist: a
 // million alarms of two years as the demo installation makes them.
 #include "adapters/access/accessdatabase.h"
+#include "bench/measure.h"
 #include "demo/alarmdatabase.h"
 #include "platform/runtimeerror.h"
 
 #include <malloc.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <fstream>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -31,32 +29,21 @@ constexpr const char* AllRows =
     "SELECT Data, VRX, Allarme, Descrizione, Evento FROM Allarmi ORDER BY Data";
 
 /// Seconds on the wall and of the processor: the two differ on a machine that does other things.
-struct Time {
-    double wall = 0;
-    double cpu = 0;
+struct Times {
+    template <typename Step>
+    void add(Step&& step) {
+        const auto start = bench::SteadyClock::now();
+        const double before = bench::processorTime();
+        step();
+        wall.push_back(bench::since(start) / 1000);
+        processor.push_back((bench::processorTime() - before) / 1000);
+    }
+    void print() const {
+        std::printf("  median %.3f s (processor %.3f s)", bench::median(wall),
+                    bench::median(processor));
+    }
+    std::vector<double> wall, processor;
 };
-
-template <typename Step>
-Time timed(Step&& step) {
-    const auto start = std::chrono::steady_clock::now();
-    const std::clock_t cpuStart = std::clock();
-    step();
-    return {std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count(),
-            static_cast<double>(std::clock() - cpuStart) / CLOCKS_PER_SEC};
-}
-
-double median(std::vector<Time> times, double Time::*part) {
-    std::ranges::sort(times, {}, part);
-    return times[times.size() / 2].*part;
-}
-
-double megabytes() {
-    std::ifstream status("/proc/self/statm");
-    double size = 0;
-    double resident = 0;
-    status >> size >> resident;
-    return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
-}
 
 std::shared_ptr<Recordset> opened(clsDatabase& database, const std::string& path,
                                   const std::string& statement) {
@@ -79,11 +66,10 @@ void run(const std::string& path, int runs) {
     access::AccessDatabase database(dispatcher);
 
     // First of all, for the memory of later queries would be used again.
-    const double before = megabytes();
+    const long before = bench::residentKiB();
     const auto kept = opened(database, path, AllRows);
-    const double after = megabytes();
     std::printf("%-42s %8.1f MB more (target 100)\n", "memory of a recordset of all rows",
-                after - before);
+                static_cast<double>(bench::residentKiB() - before) * 1.024e-3);
 
     const std::string days =
         database.DateCondition("Data", true, Date::fromFields({2025, 6, 1, 7, 30, 0, 0}), true,
@@ -106,15 +92,15 @@ void run(const std::string& path, int runs) {
         {"count by station", 0, "SELECT VRX, Count(*) FROM Allarmi GROUP BY VRX"},
     };
     for (const Timed& query : queries) {
-        std::vector<Time> times;
+        Times times;
         std::int32_t rows = 0;
         for (int i = 0; i < runs; ++i) {
             std::shared_ptr<Recordset> recordset;
-            times.push_back(timed([&] { recordset = opened(database, path, query.statement); }));
+            times.add([&] { recordset = opened(database, path, query.statement); });
             rows = recordset->RecordCount();
         }
-        std::printf("%-42s %8d rows  median %.3f s (processor %.3f s)", query.what, rows,
-                    median(times, &Time::wall), median(times, &Time::cpu));
+        std::printf("%-42s %8d rows", query.what, rows);
+        times.print();
         if (query.target > 0) std::printf("  target %.2f", query.target);
         std::printf("\n");
     }
@@ -131,9 +117,11 @@ int main(int count, char** arguments) {
             std::vector<demo::Alarm> alarms =
                 demo::AlarmGenerator(1).history(Date::fromFields({2024, 1, 1, 0, 0, 0, 0}),
                                                 Date::fromFields({2026, 1, 1, 0, 0, 0, 0}), Alarms);
-            const Time time = timed([&] { demo::AlarmDatabase::create(path, alarms); });
-            std::printf("%-42s %8zu rows  %.3f s (processor %.3f s)\n", "written", alarms.size(),
-                        time.wall, time.cpu);
+            Times time;
+            time.add([&] { demo::AlarmDatabase::create(path, alarms); });
+            std::printf("%-42s %8zu rows", "written", alarms.size());
+            time.print();
+            std::printf("\n");
             alarms = {};
             malloc_trim(0);
         }

@@ -4,10 +4,10 @@
 //   jet_bench [ROWS [RUNS]]
 #include "adapters/access/jet/cursor.h"
 #include "adapters/access/jet/writer.h"
+#include "bench/measure.h"
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -24,16 +24,14 @@ namespace {
 using namespace velt;
 using jet::ColumnType;
 
-double median(int runs, const std::function<void()>& action) {
+double medianSeconds(int runs, const std::function<void()>& action) {
     std::vector<double> seconds;
     for (int i = 0; i < runs; ++i) {
-        const auto start = std::chrono::steady_clock::now();
+        const auto start = bench::SteadyClock::now();
         action();
-        seconds.push_back(
-            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+        seconds.push_back(bench::since(start) / 1000);
     }
-    std::ranges::sort(seconds);
-    return seconds[seconds.size() / 2];
+    return bench::median(seconds);
 }
 
 /// Alarms of 8 stations with 25 names and 400 descriptions, one every 20 seconds.
@@ -91,20 +89,20 @@ void report(const char* what, double seconds) { std::printf("%-34s %8.3f s\n", w
 void run(int rows, int runs) {
     const std::filesystem::path path =
         std::filesystem::temp_directory_path() / ("jet_bench-" + std::to_string(::getpid()));
-    report("write", median(runs, [&] { writeAlarms(path, rows); }));
+    report("write", medianSeconds(runs, [&] { writeAlarms(path, rows); }));
     std::printf("%d rows, %.1f MB\n", rows,
                 static_cast<double>(std::filesystem::file_size(path)) / 1e6);
 
     std::uint64_t sum = 0;
-    const double bytes = median(runs, [&] { readBytes(path); });
-    const double reader = median(runs, [&] { sum += readAlarms(path); });
+    const double bytes = medianSeconds(runs, [&] { readBytes(path); });
+    const double reader = medianSeconds(runs, [&] { sum += readAlarms(path); });
     report("read bytes", bytes);
     report("read five columns", reader);
     std::printf("%-34s %8.1f times the bytes (at most 15)\n", "", reader / bytes);
 
     if (std::system("mdb-export --version >/dev/null 2>&1") == 0) {
         const std::string command = "mdb-export '" + path.string() + "' Allarmi >/dev/null";
-        const double other = median(
+        const double other = medianSeconds(
             std::min(runs, 3), [&] { sum += static_cast<unsigned>(std::system(command.c_str())); });
         report("mdb-export", other);
         std::printf("%-34s %8.1f times faster (at least 8)\n", "", other / reader);

@@ -3,6 +3,7 @@
 // cycles]... (default: all).
 #include "adapters/opcua/opcuaserverfactory.h"
 #include "adapters/opcua/session.h"
+#include "bench/measure.h"
 #include "bench/opcua/delayingproxy.h"
 #include "bench/opcua/serverchild.h"
 #include "platform/queueddispatcher.h"
@@ -10,15 +11,12 @@
 #include "tests/adapters/opcua/testserver.h"
 
 #include <arpa/inet.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <condition_variable>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <optional>
 #include <set>
@@ -29,17 +27,11 @@ namespace velt::opcua::bench {
 namespace {
 
 using namespace std::chrono;
-using Clock = steady_clock;
+using namespace velt::bench;
+using Clock = SteadyClock;
 
 constexpr int Stations = 8;
 constexpr int PerStation = 1250;
-
-double since(Clock::time_point start) { return duration<double>(Clock::now() - start).count(); }
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 /// As a window has it: works run on threads of their own while this thread goes on taking calls and
 /// beats every 10 ms; tells by how much a beat was late.
@@ -177,24 +169,6 @@ private:
 
 std::string node(std::uint16_t port) { return "127.0.0.1:" + std::to_string(port); }
 
-long residentKiB() {
-    std::ifstream status("/proc/self/statm");
-    long pages = 0;
-    status >> pages >> pages;
-    return pages * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
-auto entries(const char* folder) {
-    return std::distance(std::filesystem::directory_iterator(folder), {});
-}
-
-double processorSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
-           static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
-}
-
 void list(const char* name, std::optional<milliseconds> delay) {
     const std::uint16_t port = test::freePort();
     const ServerChild server(Stations, PerStation, 1000, port);
@@ -210,19 +184,19 @@ void list(const char* name, std::optional<milliseconds> delay) {
     for (int i = 0; i < 5; ++i) {
         const auto start = Clock::now();
         const int count = panel.refresh();
-        listed.push_back(since(start));
+        listed.push_back(since(start) / 1000);
         window.turnUntil([&] { return panel.values.size() == static_cast<std::size_t>(count); },
                          20s);
-        shown.push_back(since(start));
+        shown.push_back(since(start) / 1000);
         if (count != Stations * PerStation) std::printf("WRONG: %d items\n", count);
     }
     std::printf("%s: listed %.3f s, all values %.3f s, beat late %.1f ms at most\n", name,
                 median(listed), median(shown), window.lateness());
-    const double before = processorSeconds();
+    const double before = processorTime();
     const auto start = Clock::now();
     window.turnUntil([] { return false; }, 10s);
     std::printf("%s: %.1f %% of a core afterwards, the window's turns included\n", name,
-                (processorSeconds() - before) / since(start) * 100);
+                (processorTime() - before) / since(start) * 100);
     panel.disconnect();
 }
 
@@ -236,11 +210,11 @@ void rush() {
     window.turnUntil([] { return false; }, 5s);
     const long memory = residentKiB();
     const std::uint64_t changes = panel.changes;
-    const double before = processorSeconds();
+    const double before = processorTime();
     const auto start = Clock::now();
     (void)window.lateness();
     window.turnUntil([] { return false; }, 30s);
-    const double time = since(start);
+    const double time = since(start) / 1000;
     const double rate = static_cast<double>(panel.changes - changes) / time;
     const double late = window.lateness();
     // How old the oldest value is that is shown at this moment.
@@ -250,7 +224,7 @@ void rush() {
     std::printf(
         "rush: %.0f changes/s shown, %.0f %% of a core, memory %+ld KiB in 30 s, beat late "
         "%.1f ms at most, %llu values went backwards, oldest value %lld ms\n",
-        rate, (processorSeconds() - before) / time * 100, residentKiB() - memory, late,
+        rate, (processorTime() - before) / time / 10, residentKiB() - memory, late,
         static_cast<unsigned long long>(panel.backwards), static_cast<long long>(oldest * 50));
     panel.disconnect();
 }
@@ -298,8 +272,8 @@ void connecting() {
         } catch (const RuntimeError& error) {
             reason = error.Description();
         }
-        std::printf("connect, %s: %.2f s (%s), beat late %.1f ms at most\n", c.name, since(start),
-                    reason.c_str(), window.lateness());
+        std::printf("connect, %s: %.2f s (%s), beat late %.1f ms at most\n", c.name,
+                    since(start) / 1000, reason.c_str(), window.lateness());
     }
     for (const int descriptor : queue) close(descriptor);
     close(full);
@@ -311,9 +285,7 @@ void cycles() {
     const std::uint16_t port = test::freePort();
     WindowDispatcher window;
     Panel panel(window);
-    long memory = 0;
-    std::ptrdiff_t threads = 0;
-    std::ptrdiff_t descriptors = 0;
+    std::optional<Footprint> tenth;
     std::set<int> counts;
     for (int i = 1; i <= Cycles; ++i) {
         std::optional<ServerChild> server(std::in_place, Stations, 125, 100, port);
@@ -324,17 +296,11 @@ void cycles() {
         window.turnUntil([&] { return panel.lost; }, 20s);
         panel.disconnect();
         if (!Session::waitForAll(10s)) std::printf("WRONG: a thread stays\n");
-        if (i == 10) {
-            memory = residentKiB();
-            threads = entries("/proc/self/task");
-            descriptors = entries("/proc/self/fd");
-        }
+        if (i == 10) tenth.emplace();
     }
-    std::printf(
-        "cycles: %d deaths and returns, %zu different numbers of rows; since the tenth: "
-        "memory %+ld KiB, threads %+td, descriptors %+td\n",
-        Cycles, counts.size(), residentKiB() - memory, entries("/proc/self/task") - threads,
-        entries("/proc/self/fd") - descriptors);
+    std::printf("cycles: %d deaths and returns, %zu different numbers of rows; since the tenth: ",
+                Cycles, counts.size());
+    tenth->printGrowth();
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // The runtime client: runtime_bench PATH-OF-velt-demo-server.
 #include "adapters/opcua/runtimeclientfactory.h"
 #include "adapters/opcua/session.h"
+#include "bench/measure.h"
 #include "platform/queueddispatcher.h"
 #include "platform/runtimeerror.h"
 #include "tests/adapters/opcua/testserver.h"
@@ -14,8 +15,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -24,9 +24,8 @@ namespace velt::opcua::bench {
 namespace {
 
 using namespace std::chrono;
-using Clock = steady_clock;
-
-double since(Clock::time_point start) { return duration<double>(Clock::now() - start).count(); }
+using namespace velt::bench;
+using Clock = SteadyClock;
 
 /// The demo's server with many stations, in a process of its own.
 class Server {
@@ -68,7 +67,7 @@ double turn(QueuedDispatcher& dispatcher, const std::function<bool()>& done) {
         bool one = false;
         last = Clock::now();
         (void)dispatcher.runUntil([&one] { return std::exchange(one, true); }, Clock::now() + 10ms);
-        longest = std::max(longest, since(last) * 1000 - 10);
+        longest = std::max(longest, since(last) - 10);
     }
     return longest;
 }
@@ -100,20 +99,9 @@ void stations(const char* program, int count) {
         std::printf(
             "%d stations: ConnettiRuntime returned after %.3f ms, linked after %.3f s, all states "
             "%.3f s later (%zu told), the thread busy for %.1f ms at most\n",
-            count, returned * 1000, duration<double>(linked - start).count(), since(linked), told,
+            count, returned, duration<double>(linked - start).count(), since(linked) / 1000, told,
             longest);
     }
-}
-
-auto entries(const char* folder) {
-    return std::distance(std::filesystem::directory_iterator(folder), {});
-}
-
-long residentKiB() {
-    std::ifstream status("/proc/self/statm");
-    long pages = 0;
-    status >> pages >> pages;
-    return pages * (sysconf(_SC_PAGESIZE) / 1024);
 }
 
 void retries(int count) {
@@ -123,26 +111,17 @@ void retries(int count) {
     int errors = 0;
     client->ConnectionError.subscribe([&](std::int32_t) { ++errors; });
     const std::string nobody = "127.0.0.1:" + std::to_string(test::freePort());
-    long memory = 0;
-    std::ptrdiff_t threads = 0;
-    std::ptrdiff_t descriptors = 0;
+    std::optional<Footprint> hundredth;
     const auto start = Clock::now();
     for (int i = 1; i <= count; ++i) {
         client->ConnettiRuntime("bench", nobody);
         turn(dispatcher, [&] { return errors == i; });
-        if (i == 100) {
-            memory = residentKiB();
-            threads = entries("/proc/self/task");
-            descriptors = entries("/proc/self/fd");
-        }
+        if (i == 100) hundredth.emplace();
     }
-    const double time = since(start);
+    const double time = since(start) / 1000;
     (void)Session::waitForAll(5s);
-    std::printf(
-        "%d retries in %.1f s, %d errors; since the hundredth: memory %+ld KiB, threads %+td, "
-        "descriptors %+td\n",
-        count, time, errors, residentKiB() - memory, entries("/proc/self/task") - threads,
-        entries("/proc/self/fd") - descriptors);
+    std::printf("%d retries in %.1f s, %d errors; since the hundredth: ", count, time, errors);
+    hundredth->printGrowth();
 }
 
 }  // namespace

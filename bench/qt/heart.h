@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "bench/measure.h"
+
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QTimer>
-
-#include <time.h>
 
 #include <algorithm>
 #include <atomic>
@@ -18,25 +18,7 @@
 /// How late the window's thread is while something goes on, and other figures of a window.
 namespace velt::bench {
 
-using SteadyClock = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
-
 inline constexpr auto Beat = std::chrono::milliseconds(10);
-inline double since(SteadyClock::time_point start) {
-    return Milliseconds(SteadyClock::now() - start).count();
-}
-
-inline double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values.empty() ? 0 : values[values.size() / 2];
-}
-
-/// Processor time of this thread so far, in milliseconds.
-inline double processorTime() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
 
 /// Lateness of a beat, in milliseconds.
 class Lateness {
@@ -63,7 +45,7 @@ private:
     SteadyClock::time_point last_ = SteadyClock::now();
 };
 
-/// Both hearts at once, for the length of one action.
+/// A beat on the window's thread and, for the length of one action, one on a thread of its own.
 class Heart {
 public:
     Heart() {
@@ -83,10 +65,10 @@ public:
         });
         window_.restart();
         const auto start = SteadyClock::now();
-        const double processor = processorTime();
+        const double processor = processorTime(CLOCK_THREAD_CPUTIME_ID);
         action();
         const double duration = since(start);
-        const double used = processorTime() - processor;
+        const double used = processorTime(CLOCK_THREAD_CPUTIME_ID) - processor;
         window_.beat();
         over = true;
         sleeper.join();
@@ -95,6 +77,13 @@ public:
             "max "
             "%5.1f ms\n",
             what, duration, used, window_.p999(), window_.worst(), machine.worst());
+    }
+
+    /// How late the window's beat was at worst since the last question.
+    double takeWorst() {
+        const double worst = window_.worst();
+        window_.restart();
+        return worst;
     }
 
 private:

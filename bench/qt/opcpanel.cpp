@@ -4,6 +4,7 @@
 // the URL of a server (velt-demo-server --stations 8 --variables 1250) the real thing. Processor
 // time is the whole process's.
 #include "adapters/standard/standardservices.h"
+#include "bench/qt/heart.h"
 #include "tests/fakes/fakeservices.h"
 #include "widgets/opcviewer.h"
 
@@ -14,26 +15,17 @@
 #include <QTableView>
 #include <QTimer>
 
-#include <time.h>
-
-#include <algorithm>
 #include <cstdio>
 #include <functional>
-#include <utility>
 #include <vector>
 
 namespace velt {
 namespace {
 
+using namespace bench;
+
 constexpr int Items = 10000;
 constexpr int Seconds = 20;
-constexpr int Beat = 10;  // ms
-
-double processorTime() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
 
 DataChangeArgs changes(int second) {
     DataChangeArgs args;
@@ -51,31 +43,6 @@ void turnFor(int milliseconds) {
     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec();
 }
-
-double median(std::vector<double> values) {
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
-/// A beat on the window's thread, and by how much it was late at worst.
-class Heart {
-public:
-    Heart() {
-        timer_.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&timer_, &QTimer::timeout, [this] {
-            worst_ = std::max(worst_, static_cast<double>(sinceBeat_.nsecsElapsed()) / 1e6 - Beat);
-            sinceBeat_.start();
-        });
-        sinceBeat_.start();
-        timer_.start(Beat);
-    }
-    [[nodiscard]] double takeWorst() { return std::exchange(worst_, 0.0); }
-
-private:
-    QTimer timer_;
-    QElapsedTimer sinceBeat_;
-    double worst_ = 0;
-};
 
 class Bench {
 public:

@@ -98,22 +98,15 @@ private:
     ui::TrendChart* chart_;
 };
 
-/// Of all threads so far, in milliseconds: what the machine's other work does not change much.
-double processTime() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-}
-
 void measure(Heart& heart, const char* what, Viewer& viewer) {
     viewer.refresh();
     std::vector<double> times;
     std::vector<double> processor;
     heart.measure(what, [&] {
         for (int i = 0; i < Repeats; ++i) {
-            const double before = processTime();
+            const double before = processorTime();
             times.push_back(viewer.refresh());
-            processor.push_back(processTime() - before);
+            processor.push_back(processorTime() - before);
         }
     });
     figure(what, times);
