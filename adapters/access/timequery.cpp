@@ -54,7 +54,7 @@ std::optional<TimeQuery> recogniseTimeQuery(const std::vector<SqlToken>& tokens)
     do {
         if (!match.name(query.columns.emplace_back())) return std::nullopt;
     } while (match.sign(","));
-    if (!match.word("FROM") || !match.name(query.table) || !match.word("WHERE"))
+    if (!match.word("FROM") || !match.nameOnly(query.table) || !match.word("WHERE"))
         return std::nullopt;
     const bool bracket = match.sign("(");
     if (!matchBound(match, query.dateColumn, ">=", query.low) || !match.word("AND") ||

@@ -25,6 +25,12 @@ public:
         name = tokens_[at_++].text;
         return true;
     }
+    /// A name where nothing else can stand: there also a reserved word is one.
+    bool nameOnly(std::string& name) {
+        if (ended() || !isName(tokens_[at_])) return false;
+        name = tokens_[at_++].text;
+        return true;
+    }
     /// A date literal, without its marks.
     bool date(std::string& text) {
         if (ended() || tokens_[at_].kind != SqlToken::Kind::Date) return false;

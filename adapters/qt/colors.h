@@ -13,4 +13,9 @@ namespace velt::qt {
 
 [[nodiscard]] OleColor toOleColor(const QColor& color);
 
+/// Black or white, whichever can be read on `color`.
+[[nodiscard]] inline QColor readableOn(const QColor& color) {
+    return qGray(color.rgb()) > 140 ? Qt::black : Qt::white;
+}
+
 }  // namespace velt::qt

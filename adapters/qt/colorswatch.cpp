@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/qt/colorswatch.h"
 
+#include "adapters/qt/colors.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -9,11 +11,6 @@
 #include <utility>
 
 namespace velt::qt {
-namespace {
-
-constexpr int Light = 140;  // lightness (of 255) above which black is easier to read than white
-
-}  // namespace
 
 ColorSwatch::ColorSwatch(const QString& text, QWidget* parent) : QWidget(parent), text_(text) {
     setFocusPolicy(Qt::StrongFocus);
@@ -33,7 +30,7 @@ void ColorSwatch::paintEvent(QPaintEvent*) {
     painter.setBrush(color_);
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawRect(area);
-    painter.setPen(qGray(color_.rgb()) > Light ? Qt::black : Qt::white);
+    painter.setPen(readableOn(color_));
     painter.drawText(area, Qt::AlignCenter, text_);
     painter.setBrush(Qt::NoBrush);
     if (hasFocus()) painter.drawRect(area.adjusted(2, 2, -2, -2));

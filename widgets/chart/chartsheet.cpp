@@ -15,9 +15,6 @@ namespace {
 constexpr double Between = 14;  // columns
 constexpr double Margin = 8;
 constexpr double ScreenDpi = 96;  // of logical pixels
-constexpr int NameColumn = 1;
-
-bool isNumber(int column) { return column >= 2 && column <= 5; }
 
 /// Paints the summary; the name gets the room that the others leave.
 void paintSummary(QPainter& painter, const QRectF& area, const ChartDrawing& drawing,
@@ -34,8 +31,8 @@ void paintSummary(QPainter& painter, const QRectF& area, const ChartDrawing& dra
     }
     double others = 0;
     for (std::size_t c = 0; c < widths.size(); ++c)
-        others += Between + (c == NameColumn ? 0 : widths[c]);
-    widths[NameColumn] = std::clamp(area.width() - others, 0.0, widths[NameColumn]);
+        others += Between + (c == SummaryNameColumn ? 0 : widths[c]);
+    widths[SummaryNameColumn] = std::clamp(area.width() - others, 0.0, widths[SummaryNameColumn]);
 
     double y = area.top();
     const auto paintLine = [&](const QStringList& texts) {
@@ -44,8 +41,9 @@ void paintSummary(QPainter& painter, const QRectF& area, const ChartDrawing& dra
             const double width = widths[std::size_t(c)];
             painter.drawText(
                 QRectF(x, y, width, metrics.height()),
-                Qt::AlignVCenter | (isNumber(c) ? Qt::AlignRight : Qt::AlignLeft),
-                c == NameColumn ? metrics.elidedText(texts[c], Qt::ElideRight, width) : texts[c]);
+                Qt::AlignVCenter | (isSummaryNumber(c) ? Qt::AlignRight : Qt::AlignLeft),
+                c == SummaryNameColumn ? metrics.elidedText(texts[c], Qt::ElideRight, width)
+                                       : texts[c]);
             x += width + Between;
         }
         y += metrics.height();

@@ -27,6 +27,9 @@ struct SummaryRow {
 
 /// Heads of the columns of a summary.
 [[nodiscard]] QStringList summaryHeads();
+/// The column that gets the room that the others leave.
+inline constexpr int SummaryNameColumn = 1;
+[[nodiscard]] constexpr bool isSummaryNumber(int column) { return column >= 2 && column <= 5; }
 
 /// One row for every pen with a trend that is to be seen; one without samples in view has "-".
 [[nodiscard]] std::vector<SummaryRow> summaryOf(const ChartDrawing& drawing);

@@ -23,11 +23,26 @@ bool inView(const ChartDrawing& drawing, ChartTime time) {
     return time >= drawing.contents->start && time <= drawing.contents->end;
 }
 
-QString withUnit(const QString& value, const ChartSeries& series) {
-    return series.unit.empty() ? value : value + QLatin1Char(' ') + text(series.unit);
+QString withUnit(const std::string& value, const ChartSeries& series) {
+    return text(series.unit.empty() ? value : value + " " + series.unit);
 }
 
-/// A box of text with a title and a line for each pen; returns nothing, stays within `bounds`.
+/// One line for every pen that is to be seen; where `what` says nothing of it, "-".
+template <typename What>
+std::vector<ReadoutLine> linesOf(const ChartDrawing& drawing, const What& what) {
+    std::vector<ReadoutLine> lines;
+    for (std::size_t k = 0; k < ChartSeriesCount; ++k) {
+        if (!drawing.shows(k)) continue;
+        const ChartSeries& series = drawing.contents->series[k];
+        const QString said = what(k, series);
+        lines.push_back({k, text(series.name) + QStringLiteral(": ") +
+                                (said.isEmpty() ? QStringLiteral("-") : said)});
+    }
+    return lines;
+}
+
+/// A box of titles with a line for each pen, kept within the sides of `bounds`; one that `flips`
+/// goes to the other side of the cursor before it leaves them.
 void paintBox(QPainter& painter, const ChartDrawing& drawing, const QRectF& bounds, QPointF corner,
               const QStringList& titles, const std::vector<ReadoutLine>& lines, bool flips) {
     const QFontMetricsF metrics(drawing.font);
@@ -114,39 +129,22 @@ void paintMarkers(QPainter& painter, const ChartDrawing& drawing, const ChartGeo
 }  // namespace
 
 std::vector<ReadoutLine> cursorReadout(const ChartDrawing& drawing, ChartTime at) {
-    std::vector<ReadoutLine> lines;
-    for (std::size_t k = 0; k < ChartSeriesCount; ++k) {
-        if (!drawing.shows(k)) continue;
-        const ChartSeries& series = drawing.contents->series[k];
-        QString line = text(series.name) + QStringLiteral(": ");
-        if (const auto sample = sampleAt(*drawing.contents, k, at))
-            line += withUnit(text(valueText(sample->value, series.samples->kind, drawing.locale)),
-                             series) +
-                    QStringLiteral("  (") + text(timeText(sample->time, drawing.locale)) +
-                    QLatin1Char(')');
-        else
-            line += QLatin1Char('-');
-        lines.push_back({k, line});
-    }
-    return lines;
+    return linesOf(drawing, [&](std::size_t k, const ChartSeries& series) -> QString {
+        const auto sample = sampleAt(*drawing.contents, k, at);
+        if (!sample) return {};
+        return withUnit(valueText(sample->value, series.samples->kind, drawing.locale), series) +
+               QStringLiteral("  (") + text(timeText(sample->time, drawing.locale)) +
+               QLatin1Char(')');
+    });
 }
 
 std::vector<ReadoutLine> markerReadout(const ChartDrawing& drawing, ChartTime from, ChartTime to) {
-    std::vector<ReadoutLine> lines;
-    for (std::size_t k = 0; k < ChartSeriesCount; ++k) {
-        if (!drawing.shows(k)) continue;
-        const ChartSeries& series = drawing.contents->series[k];
-        QString line = text(series.name) + QStringLiteral(": ");
+    return linesOf(drawing, [&](std::size_t k, const ChartSeries& series) -> QString {
         const auto first = sampleAt(*drawing.contents, k, from);
         const auto second = sampleAt(*drawing.contents, k, to);
-        if (first && second)
-            line +=
-                withUnit(text(computedText(second->value - first->value, drawing.locale)), series);
-        else
-            line += QLatin1Char('-');
-        lines.push_back({k, line});
-    }
-    return lines;
+        if (!first || !second) return {};
+        return withUnit(computedText(second->value - first->value, drawing.locale), series);
+    });
 }
 
 QString spokenReadout(const ChartDrawing& drawing, const ChartView& view) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/chart/curvepainter.h"
 
+#include "adapters/qt/colors.h"
+
 #include <QPaintEngine>
 
 #include <algorithm>
@@ -139,12 +141,6 @@ std::vector<QPolygonF> polylines(const ChartSeries& series, std::size_t index,
     return maker.take();
 }
 
-QColor readableOn(const QColor& color) {
-    // The weights of the eye, in thousandths.
-    const int light = (299 * color.red() + 587 * color.green() + 114 * color.blue()) / 1000;
-    return light > 140 ? Qt::black : Qt::white;
-}
-
 void paintPenNumber(QPainter& painter, const ChartDrawing& drawing, std::size_t series,
                     const QPointF& at) {
     const QRectF box(at.x() - NumberBox / 2, at.y() - NumberBox / 2, NumberBox, NumberBox);
@@ -153,7 +149,7 @@ void paintPenNumber(QPainter& painter, const ChartDrawing& drawing, std::size_t 
     painter.setBrush(color);
     painter.drawRoundedRect(box, 2, 2);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(readableOn(color));
+    painter.setPen(qt::readableOn(color));
     painter.setFont(chartFont(drawing.font, static_cast<int>(NumberBox) - 3));
     painter.drawText(box, Qt::AlignCenter, QString::number(series + 1));
 }

@@ -22,7 +22,4 @@ void paintCurves(QPainter& painter, const ChartDrawing& drawing, const ChartGeom
 void paintPenNumber(QPainter& painter, const ChartDrawing& drawing, std::size_t series,
                     const QPointF& at);
 
-/// Black or white, whichever can be read on `color`.
-[[nodiscard]] QColor readableOn(const QColor& color);
-
 }  // namespace velt::ui

@@ -13,10 +13,7 @@ namespace velt::ui {
 namespace {
 
 constexpr int RowHeight = 20;
-constexpr int NameColumn = 1;
 constexpr int IconSize = 15;
-
-bool isNumber(int column) { return column >= 2 && column <= 5; }
 
 QIcon penIcon(const ChartDrawing& drawing, std::size_t series) {
     constexpr int Fine = 3;  // sharp on any screen
@@ -41,7 +38,7 @@ SummaryTable::SummaryTable(const TrendChart& chart, QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(RowHeight);
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    horizontalHeader()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
+    horizontalHeader()->setSectionResizeMode(SummaryNameColumn, QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
     setFixedHeight(horizontalHeader()->sizeHint().height() +
                    RowHeight * static_cast<int>(ChartSeriesCount) + 2 * frameWidth());
@@ -56,8 +53,8 @@ void SummaryTable::refresh() {
         const QStringList texts = row.texts();
         for (int c = 0; c < columnCount(); ++c) {
             auto* cell = new QTableWidgetItem(texts[c]);
-            cell->setTextAlignment(isNumber(c) ? Qt::AlignRight | Qt::AlignVCenter
-                                               : Qt::AlignLeft | Qt::AlignVCenter);
+            cell->setTextAlignment(isSummaryNumber(c) ? Qt::AlignRight | Qt::AlignVCenter
+                                                      : Qt::AlignLeft | Qt::AlignVCenter);
             if (c == 0) cell->setIcon(penIcon(chart_.drawing(), row.series));
             setItem(r, c, cell);
         }

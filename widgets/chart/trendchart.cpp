@@ -71,12 +71,7 @@ void TrendChart::setLocaleOfTexts(const Locale& locale) {
 void TrendChart::plot(std::shared_ptr<const ChartContents> contents) {
     state_->view.plot(std::move(contents));
     state_->drawing.choice.visible = state_->visibleNext;
-    if (state_->view.zoomed()) {
-        fetchView();
-        return;
-    }
-    ++state_->request;
-    redraw();
+    fetchView();
 }
 
 void TrendChart::setSeriesColor(int series, const QColor& color) {

@@ -16,6 +16,15 @@ namespace velt {
 /// 2006-03-14 00:00.
 inline ChartTime testStart() { return Date::fromFields({2006, 3, 14, 0, 0, 0, 0}).milliseconds(); }
 
+inline constexpr ChartTime Minute = 60'000;
+
+/// Samples at the given seconds after testStart().
+inline std::shared_ptr<const ChartSamples> trend(
+    const std::vector<std::pair<double, double>>& secondsAndValues,
+    SampleKind kind = SampleKind::Number) {
+    return samplesOf(secondsAndValues, kind, testStart());
+}
+
 /// A window of `seconds` from testStart() with the given pens.
 inline std::shared_ptr<const ChartContents> contentsOf(
     double seconds, const std::vector<std::shared_ptr<const ChartSamples>>& pens) {
