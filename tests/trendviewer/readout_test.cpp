@@ -39,20 +39,6 @@ TEST(ReadoutTest, OfAViewAlsoTheSamplesBesideIt) {
     EXPECT_FALSE(sampleAt(*view, 0, 12'000)) << "a series without samples";
 }
 
-TEST(ReadoutTest, PointsStandForMoments) {
-    ChartContents whole;
-    whole.period = 60;
-    const auto view = vista(whole, 1'000'000, 1'000'000 + 3'600'000);
-    ASSERT_EQ(view->points, 60);
-    EXPECT_EQ(timeOfPoint(*view, 2), 1'120'000);
-    EXPECT_EQ(timeOfPoint(*view, 61), view->end);
-    EXPECT_EQ(pointAt(*view, 1'129'000), 2);
-    EXPECT_EQ(pointAt(*view, 0), 0);
-    EXPECT_EQ(pointAt(*view, 99'000'000), 60);
-    const auto empty = vista(whole, 5000, 5000);
-    EXPECT_EQ(timeOfPoint(*empty, pointAt(*empty, 9000)), 5000);
-}
-
 TEST(ReadoutTest, ValuesInTheDigitsOfTheirKind) {
     using enum SampleKind;
     struct Case {

@@ -34,7 +34,7 @@ std::string labels(const ValueAxis& axis) {
 TEST(ValueAxisTest, OneAxisWithRoundedBounds) {
     struct Case {
         double low, high;
-        const char* labels;
+        const char* labels = nullptr;  // any
     };
     const Case cases[] = {
         {0, 10, "0|2|4|6|8|10|m"},
@@ -44,24 +44,23 @@ TEST(ValueAxisTest, OneAxisWithRoundedBounds) {
         {5, 5, "4,4|4,6|4,8|5,0|5,2|5,4|5,6|m"},
         {0, 0, "-1,0|-0,5|0,0|0,5|1,0|m"},
         {0, 1.1e9, "0|200000000|400000000|600000000|800000000|1000000000|1200000000|m"},
+        {-1e300, 1e300},
+        {1e15, 1e15 + 1},
+        {1e-300, 2e-300},
+        {0, 5e-324},
+        {123456.789, 123456.79},
     };
-    for (const Case& c : cases) EXPECT_EQ(labels(axisOf({{c.low, c.high}})), c.labels);
-}
-
-TEST(ValueAxisTest, TheValuesLieWithinTheAxisAndTheTicksOnIt) {
-    const std::pair<double, double> ranges[] = {
-        {0, 1e-9},        {-1e300, 1e300},  {1e15, 1e15 + 1}, {-273.15, 0.01},
-        {1e-300, 2e-300}, {-5e299, -4e299}, {0, 5e-324},      {123456.789, 123456.79}};
-    for (const auto& [low, high] : ranges) {
-        SCOPED_TRACE(low);
-        const ValueAxis axis = axisOf({{low, high}});
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.high);
+        const ValueAxis axis = axisOf({{c.low, c.high}});
+        EXPECT_EQ(labels(axis), c.labels ? c.labels : labels(axis));
         ASSERT_GE(axis.ticks.size(), 2u);
         EXPECT_LE(axis.ticks.size(), 20u);
         EXPECT_EQ(axis.ticks.front().height, 0);
         EXPECT_EQ(axis.ticks.back().height, 100);
-        EXPECT_GE(heightOf(axis.scales[0], low), -1e-6);
-        EXPECT_LE(heightOf(axis.scales[0], high), 100 + 1e-6);
-        EXPECT_GE(heightOf(axis.scales[0], high), heightOf(axis.scales[0], low));
+        EXPECT_GE(heightOf(axis.scales[0], c.low), -1e-6);
+        EXPECT_LE(heightOf(axis.scales[0], c.high), 100 + 1e-6);
+        EXPECT_GE(heightOf(axis.scales[0], c.high), heightOf(axis.scales[0], c.low));
     }
 }
 
