@@ -49,7 +49,7 @@ void readPresent(UA_DataValue& value, int interval) {
                         source);
             }
         },
-        {}, port);
+        port);
     if (write(ready, "1", 1) != 1) _exit(1);
     for (;;) pause();
 }

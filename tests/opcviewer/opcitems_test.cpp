@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/errorof.h"
+// The items of an OPC viewer: listed, shown, written.
 #include "tests/opcviewer/opcviewerfixture.h"
 
 #include <limits>
@@ -7,154 +7,172 @@
 namespace velt {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-
-using OPCItemsTest = OPCViewerFixture;
-
-TEST_F(OPCItemsTest, ListsTheVariablesOfTheTickedStations) {
+TEST_F(OPCViewerTest, EachRefreshListsTheTickedStationsUnderNewHandles) {
     viewer.Show();
     lvVRX.Checked(1, true);
-    plant().log.clear();
+    (void)log();
     cmdAggiornaDati.click();
-    EXPECT_THAT(
-        plant().log,
-        ElementsAre("CreateBrowser", "MoveToRoot", "ShowBranches", "ExpectBranches RTU01",
-                    "CreateBrowser", "MoveToRoot", "MoveDown RTU01", "ShowLeafs",
-                    "GetItemID Livello", "GetItemID Rotto", "GetItemID Soglia",
-                    "ExpectItems RTU01.Livello RTU01.Rotto RTU01.Soglia", "AddItem RTU01.Livello 1",
-                    "AddItem RTU01.Rotto 2", "AddItem RTU01.Soglia 3", "ExpectationsDone"));
-    ASSERT_THAT(keys(), ElementsAre("I1", "I2", "I3"));
-    const auto& rows = lvItem.rows;
-    EXPECT_THAT(rows[0].texts, ElementsAre("RTU01.Livello", "", "", ""));
-    EXPECT_EQ(rows[0].icon, "verde");
-    EXPECT_THAT(rows[1].texts, ElementsAre("RTU01.Rotto", "", "", ""));
-    EXPECT_EQ(rows[1].icon, "errore_gialla");
-}
-
-TEST_F(OPCItemsTest, EachRefreshGivesNewHandles) {
-    showAll();
-    EXPECT_THAT(keys(), ElementsAre("I1", "I2", "I3", "I4"));
+    EXPECT_EQ(log(), Texts({"CreateBrowser", "MoveToRoot", "ShowBranches", "ExpectBranches RTU01",
+                            "CreateBrowser", "MoveToRoot", "MoveDown RTU01", "ShowLeafs",
+                            "GetItemID Livello", "GetItemID Rotto", "GetItemID Soglia",
+                            "ExpectItems RTU01.Livello RTU01.Rotto RTU01.Soglia",
+                            "AddItem RTU01.Livello 1", "AddItem RTU01.Rotto 2",
+                            "AddItem RTU01.Soglia 3", "ExpectationsDone"}));
+    EXPECT_EQ(table(), Texts(All.begin(), All.begin() + 3));
+    cmdSeleziona.click();
     cmdAggiornaDati.click();
-    EXPECT_EQ(plant().log.at(0), "Items.Remove 3");
-    EXPECT_THAT(keys(), ElementsAre("I5", "I6", "I7", "I8"));
+    EXPECT_EQ(log().at(0), "Items.Remove 2");
+    EXPECT_EQ(lvItem.rows.front().key + lvItem.rows.back().key, "I4I7");
     cmdEliminaTutto.click();
     cmdAggiornaDati.click();
-    EXPECT_THAT(keys(), ElementsAre("I9", "I10", "I11", "I12"));
+    EXPECT_EQ(lvItem.rows.front().key + lvItem.rows.back().key, "I8I11");
     cmdDeseleziona.click();
     cmdAggiornaDati.click();
-    EXPECT_EQ(lvItem.Count(), 0);
-}
-
-TEST_F(OPCItemsTest, AGroupWithoutItemsLeavesTheTableAsItIs) {
-    plant().branches = {{"RTU01", {{"Rotto", vartype::R8, true}}}};
-    showAll();
+    EXPECT_EQ(table(), Texts());
+    // A group without items leaves the table as it is.
+    plant.branches = {{"RTU01", {{"Rotto", vartype::R8, true}}}};
+    cmdSeleziona.click();
     cmdAggiornaDati.click();
-    EXPECT_THAT(keys(), ElementsAre("I1", "I2"));
-    EXPECT_THAT(plant().log, Not(Contains("Items.Remove 0")));
+    cmdAggiornaDati.click();
+    EXPECT_EQ(table(), Texts({"I12 errore_gialla RTU01.Rotto", "I13 errore_gialla RTU01.Rotto"}));
+    EXPECT_THAT(log(), Not(Contains("Items.Remove 0")));
 }
 
-TEST_F(OPCItemsTest, AStationOrALeafThatFailsIsLeftOut) {
-    const auto shown = [this] {
+TEST_F(OPCViewerTest, WhatFailsIsLeftOutOrRefused) {
+    const auto refreshed = [this] {
         cmdAggiornaDati.click();
-        std::vector<std::string> items;
-        for (const auto& row : lvItem.rows) items.push_back(row.texts[0]);
+        std::string items;
+        for (const auto& row : lvItem.rows)
+            items += row.texts[0] + (row.icon == "verde" ? " " : "? ");
         return items;
     };
-    viewer.Show();
-    cmdSeleziona.click();
-    plant().failures = {{"MoveDown RTU01", RuntimeError(7, "Ramo sparito")}};
-    EXPECT_THAT(shown(), ElementsAre("RTU02.Pompa"));
-    plant().failures = {{"GetItemID Rotto", RuntimeError(7, "Foglia sparita")}};
-    EXPECT_THAT(shown(), ElementsAre("RTU01.Livello", "RTU01.Soglia", "RTU02.Pompa"));
-    plant().failures = {{"ExpectBranches RTU01 RTU02", RuntimeError(7, "Guasto")},
-                        {"ExpectItems RTU02.Pompa", RuntimeError(7, "Guasto")},
-                        {"ExpectationsDone", RuntimeError(7, "Guasto")}};
-    EXPECT_EQ(shown().size(), 4u) << "hints may fail";
-    plant().failures.clear();
-    plant().branches.erase(plant().branches.begin());  // the list still shows it, ticked
-    EXPECT_THAT(shown(), ElementsAre("RTU02.Pompa"));
-    EXPECT_THAT(messages(), IsEmpty());
-}
-
-TEST_F(OPCItemsTest, ABrowserThatFailsEndsTheRefreshWithTheOldItemsGone) {
+    const std::string all = "RTU01.Livello RTU01.Rotto? RTU01.Soglia RTU02.Pompa ";
     showAll();
-    plant().failures.emplace("ShowBranches", RuntimeError(7, "Guasto"));
-    EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError);
-    EXPECT_EQ(lvItem.Count(), 0);
-}
-
-TEST_F(OPCItemsTest, AnItemThatCannotBeAddedIsRefused) {
-    viewer.Show();
-    cmdSeleziona.click();
-    plant().failures = {{"AddItem RTU01.Livello 1", RuntimeError(-1073479673, "Sconosciuto")}};
-    cmdAggiornaDati.click();
-    EXPECT_THAT(keys(), ElementsAre("I1", "I2", "I3", "I4"));
-    EXPECT_EQ(lvItem.rows[0].icon, "errore_gialla");
-    EXPECT_EQ(lvItem.rows[2].icon, "verde");
-
-    cmdEliminaTutto.click();
-    plant().failures = {{"Groups.Add Group", RuntimeError(7, "Guasto")}};
-    cmdAggiornaDati.click();
-    ASSERT_EQ(lvItem.Count(), 4);
-    for (const auto& row : lvItem.rows) EXPECT_EQ(row.icon, "errore_gialla");
-}
-
-TEST_F(OPCItemsTest, ACancelledStepEndsTheRefresh) {
-    const std::string steps[] = {"ExpectBranches RTU01 RTU02", "MoveDown RTU01", "GetItemID Rotto",
-                                 "ExpectItems RTU01.Livello RTU01.Rotto RTU01.Soglia"};
-    viewer.Show();
-    cmdSeleziona.click();
-    for (const std::string& step : steps) {
-        plant().failures = {{step, RuntimeError(ErrorNumber::Cancelled)}};
-        EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError) << step;
-        const bool isHint = step.starts_with("ExpectItems");  // taken back, or it would be answered
-        EXPECT_EQ(plant().log.back(), isHint ? "ExpectationsDone" : step);
-        EXPECT_EQ(lvItem.Count(), 0) << step;
+    failAt("MoveDown RTU01");
+    EXPECT_EQ(refreshed(), "RTU02.Pompa ");
+    failAt("GetItemID Rotto");
+    EXPECT_EQ(refreshed(), "RTU01.Livello RTU01.Soglia RTU02.Pompa ");
+    for (const char* hint :
+         {"ExpectBranches RTU01 RTU02", "ExpectItems RTU02.Pompa", "ExpectationsDone"}) {
+        failAt(hint);
+        EXPECT_EQ(refreshed(), all) << hint;
     }
-    plant().failures = {{"AddItem RTU01.Rotto 2", RuntimeError(ErrorNumber::Cancelled)}};
-    EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError);
-    EXPECT_THAT(keys(), ElementsAre("I1"));
-    EXPECT_EQ(plant().log.back(), "ExpectationsDone") << "the hint is taken back";
+    failAt("AddItem RTU01.Livello 21");
+    EXPECT_EQ(refreshed(), "RTU01.Livello? RTU01.Rotto? RTU01.Soglia RTU02.Pompa ");
+    cmdEliminaTutto.click();
+    failAt("Groups.Add Group");
+    const std::string refused = "RTU01.Livello? RTU01.Rotto? RTU01.Soglia? RTU02.Pompa? ";
+    EXPECT_EQ(refreshed(), refused);
+    cmdEliminaTutto.click();
+    plant.failures.clear();
+    EXPECT_EQ(refreshed(), refused + all) << "rows without an item in the group stay";
+    plant.branches.erase(plant.branches.begin());  // the list still shows it, ticked
+    EXPECT_EQ(refreshed(), "RTU02.Pompa ");
+    failAt("ShowBranches");
+    EXPECT_THROW((void)refreshed(), RuntimeError);
+    EXPECT_EQ(lvItem.Count(), 0) << "the old items are gone by then";
+    EXPECT_THAT(messages, IsEmpty());
 }
 
-TEST_F(OPCItemsTest, DataTouchOnlyTheRowsThatTheyName) {
+TEST_F(OPCViewerTest, ACancelledStepEndsTheRefresh) {
+    viewer.Show();
+    cmdSeleziona.click();
+    struct Case {
+        std::string step;
+        int rows;
+        bool announced;  ///< then it is taken back
+    };
+    for (const Case& c : {Case{"ExpectBranches RTU01 RTU02", 0, false},
+                          {"MoveDown RTU01", 0, false},
+                          {"GetItemID Rotto", 0, false},
+                          {"ExpectItems RTU01.Livello RTU01.Rotto RTU01.Soglia", 0, true},
+                          {"AddItem RTU01.Rotto 2", 1, true}}) {
+        failAt(c.step, RuntimeError(ErrorNumber::Cancelled));
+        EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError) << c.step;
+        EXPECT_EQ(plant.log.back(), c.announced ? "ExpectationsDone" : c.step);
+        EXPECT_EQ(lvItem.Count(), c.rows) << c.step;
+    }
+}
+
+TEST_F(OPCViewerTest, DataTouchOnlyTheRowsThatTheyName) {
     showAll();
+    const Date time = Date::fromFields({2006, 3, 14, 7, 30, 0, 0});
     change({0,
             {3, 99, 1},
             {std::vector<std::int32_t>{1, 2}, 5.0, -0.5},
             {193, 192, 192},
-            {Date::fromFields({2006, 3, 14, 7, 30, 0, 0}), Date(1.0), Date(3e9)}});
-    EXPECT_THAT(lvItem.rows[2].texts,
-                ElementsAre("RTU01.Soglia", "(1; 2)", "Quality N° 193", "14/03/2006 07.30.00"));
-    EXPECT_THAT(lvItem.rows[0].texts, ElementsAre("RTU01.Livello", "-0,5", "Good", "#3000000000"));
-    EXPECT_EQ(lvItem.rows[1].changes, 0);
-    EXPECT_EQ(lvItem.rows[3].changes, 0);
-
+            {time, time, Date(3e9)}});
+    EXPECT_EQ(table(),
+              Texts({"I1 verde* RTU01.Livello|-0,5|Good|#3000000000", All[1],
+                     "I3 verde* RTU01.Soglia|(1; 2)|Quality N° 193|14/03/2006 07.30.00", All[3]}));
     // Updates for which a list is too short are skipped.
-    change({0, {1, 2}, {1.0, 2.0}, {192}, {Date(1.0), Date(1.0)}});
-    change({0, {1}, {}, {}, {}});
-    EXPECT_EQ(lvItem.rows[0].texts[cVALORE_OPC], "1");
-    EXPECT_EQ(lvItem.rows[1].changes, 0);
-}
+    change({0, {1, 4}, {1.0, 2.0}, {192}, {time, time}});
+    change({0, {4}, {}, {}, {}});
+    EXPECT_EQ(table()[0], "I1 verde* RTU01.Livello|1|Good|14/03/2006 07.30.00");
+    EXPECT_EQ(table()[3], All[3]);
 
-TEST_F(OPCItemsTest, LateDataOfRemovedItemsFindNoRow) {
-    showAll();
     const auto oldGroup = server().groups.groups.at("Group");
     cmdEliminaTutto.click();
     cmdAggiornaDati.click();
-    oldGroup->DataChange.raise(
-        {0, {1, 2, 3, 4}, {1.0, 1.0, 1.0, 1.0}, {0, 0, 0, 0}, {{}, {}, {}, {}}});
-    for (const auto& row : lvItem.rows) EXPECT_EQ(row.changes, 0);
+    oldGroup->DataChange.raise({0, {1, 3}, {1.0, 1.0}, {0, 0}, {time, time}});
+    for (const auto& row : lvItem.rows) EXPECT_EQ(row.changes, 0) << "late data find no row";
 }
 
-TEST_F(OPCItemsTest, HandlesGrowUntilTheyOverflow) {
+TEST_F(OPCViewerTest, HandlesGrowUntilTheyOverflow) {
     ItemHandles handles(std::numeric_limits<std::int32_t>::max() - 1);
     EXPECT_EQ(handles.ProssimoHandle(), std::numeric_limits<std::int32_t>::max());
     for (int again = 0; again < 2; ++again)
         EXPECT_EQ(errorOf([&] { (void)handles.ProssimoHandle(); }), ErrorNumber::Overflow);
+}
+
+using Message = fakes::FakeMessageBox::Message;
+
+TEST_F(OPCViewerTest, WritesIntoTheSelectedItemIfThereIsOne) {
+    const int none = 0, rotto = 2, soglia = 3;  // rows
+    write(none, "12");
+    showAll();
+    write(soglia, "");
+    write(none, "12");
+    write(rotto, "12");
+    EXPECT_THAT(plant.written, IsEmpty());
+    cmdAggiornaDati.click();  // handles are no row numbers any more
+    write(soglia, "12;13");
+    EXPECT_THAT(plant.written,
+                ElementsAre(std::pair(std::string("RTU01.Soglia"), Variant(std::int16_t{12}))));
+    plant.branches = {{"RTU01", {{"Rotto", vartype::R8, true}}}};
+    cmdAggiornaDati.click();
+    cmdEliminaTutto.click();
+    ASSERT_EQ(lvItem.Count(), 1) << "the row of the refused item outlives its group";
+    write(1, "12");
+    EXPECT_EQ(plant.written.size(), 1u);
+    EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_F(OPCViewerTest, TellsWhyNothingWasWritten) {
+    plant.branches = {
+        {"RTU01", {{"I2", 2}, {"Variant", 12}, {"Lista", 8195}, {"Letto", 2}, {"Fermo", 2}}}};
+    showAll();
+    plant.failures.emplace("Write RTU01.Letto", RuntimeError(-1073479672, "Negato"));
+    plant.failures.emplace("Write RTU01.Fermo", RuntimeError(ErrorNumber::TypeMismatch));
+    const Message format{"Formato non valido", 48, "Errore"};
+    const std::tuple<int, const char*, Message> cases[] = {
+        {1, "abc", format},
+        {1, "40000", {RuntimeError(ErrorNumber::Overflow).Description(), 48, "Error"}},
+        {2, "1", {"Tipo dato non gestito!", 48, "Errore"}},
+        {3, "1;x", format},
+        {4, "1", {"Negato", 48, "Error"}},
+        {5, "1", format},  // also when it is the server that refuses the format
+    };
+    for (const auto& [row, text, message] : cases) {
+        messages.clear();
+        write(row, text);
+        EXPECT_THAT(messages, ElementsAre(message)) << row << text;
+    }
+    messages.clear();
+    failAt("Write RTU01.I2", RuntimeError(ErrorNumber::Cancelled));
+    write(1, "1");
+    EXPECT_THAT(messages, IsEmpty()) << "who cancels knows";
+    EXPECT_THAT(plant.written, IsEmpty());
 }
 
 }  // namespace

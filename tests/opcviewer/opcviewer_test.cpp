@@ -1,131 +1,186 @@
 // SPDX-License-Identifier: MIT
+// An OPC viewer, its server and its station list.
 #include "opcviewer/opcviewer.h"
-
 #include "tests/opcviewer/opcviewerfixture.h"
 
 namespace velt {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-using OPCViewerTest = OPCViewerFixture;
-
-TEST_F(OPCViewerTest, TheFirstShowConnectsAndListsTheStations) {
-    viewer.Show();
-    EXPECT_THAT(
-        plant().log,
-        ElementsAre("create", "Connect Kordal.OPCServerPVRX", "DefaultGroupIsActive 1",
-                    "DefaultGroupUpdateRate 1000", "Groups.Add Group", "IsSubscribed 1",
-                    "Items.DefaultIsActive 1", "CreateBrowser", "MoveToRoot", "ShowBranches"));
-    EXPECT_THAT(stations(), ElementsAre("RTU01", "RTU02"));
-    EXPECT_EQ(lvVRX.Key(2), "RTU02");
-    EXPECT_FALSE(lvVRX.Checked(1) || lvVRX.Checked(2));
-    EXPECT_EQ(t.Interval(), 20);
-    t.fire();
-    t.fire();
-    EXPECT_THAT(lvVRX.adjustments, ElementsAre(200));
-
-    plant().log.clear();
-    viewer.Show();
-    EXPECT_THAT(plant().log, IsEmpty());
-    EXPECT_FALSE(t.Enabled());
-}
-
-TEST_F(OPCViewerTest, NothingAtDesignTimeAndSilenceWithoutAServer) {
+TEST_F(OPCViewerTest, NothingAtDesignTime) {
     ambient.userMode = false;
     viewer.Hostname("srv");
     viewer.Show();
     viewer.Terminate();
-    EXPECT_THAT(plant().log, IsEmpty());
+    EXPECT_THAT(log(), IsEmpty());
     EXPECT_FALSE(t.Enabled());
+}
 
-    ambient.userMode = true;
-    plant().reachable = false;
-    OPCViewer other(form, ambient, services);
-    other.Show();
+TEST_F(OPCViewerTest, OneStartInSilenceAtRunTime) {
+    plant.reachable = false;
+    viewer.Show();
     EXPECT_THAT(stations(), IsEmpty());
+    EXPECT_THAT(messages, IsEmpty());
     EXPECT_TRUE(t.Enabled());
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_EQ(t.Interval(), 20);
+    t.fire();
+    t.fire();
+    EXPECT_THAT(lvVRX.adjustments, ElementsAre(200));
+    (void)log();
+    viewer.Show();
+    EXPECT_THAT(log(), IsEmpty());
+    EXPECT_FALSE(t.Enabled());
 }
 
-TEST_F(OPCViewerTest, OnlyTheServersOwnBranchIsLeftOut) {
-    plant().branches = {{"PC_Server", {}}};
+TEST_F(OPCViewerTest, TheStationListAndItsMarks) {
+    plant.branches.push_back({"pc_server", {}});
+    plant.branches.push_back({"RTU01", {}});
     viewer.Show();
-    EXPECT_THAT(stations(), IsEmpty());
-    plant().branches = {{"pc_server", {}}, {"PC_Server", {}}, {"RTU01", {}}, {"RTU01", {}}};
-    cmdVrxFromOPC.click();
-    EXPECT_THAT(stations(), ElementsAre("pc_server", "RTU01"));
-}
-
-TEST_F(OPCViewerTest, ARefillStartsWithoutMarksAndAFailureKeepsTheRows) {
-    viewer.Show();
+    EXPECT_EQ(stations(), Texts({"RTU01", "RTU02", "pc_server"})) << "each once, its own one not";
+    EXPECT_EQ(lvVRX.Key(2), "RTU02");
     cmdSeleziona.click();
-    cmdVrxFromOPC.click();
-    EXPECT_FALSE(lvVRX.Checked(1) || lvVRX.Checked(2));
-
-    cmdSeleziona.click();
-    plant().failures.emplace("ShowBranches", RuntimeError(7, "Guasto"));
+    lvVRX.activate(2);
+    EXPECT_EQ(stations(), Texts({"+RTU01", "RTU02", "+pc_server"}));
+    lvVRX.activate(2);
+    cmdDeseleziona.click();
+    lvVRX.activate(2);
+    EXPECT_EQ(stations(), Texts({"RTU01", "+RTU02", "pc_server"}));
+    failAt("ShowBranches");
     EXPECT_THROW(cmdVrxFromOPC.click(), RuntimeError);
     server().die();
     cmdVrxFromOPC.click();
-    EXPECT_THAT(stations(), ElementsAre("RTU01", "RTU02"));
-    EXPECT_TRUE(lvVRX.Checked(1) && lvVRX.Checked(2));
+    EXPECT_EQ(stations(), Texts({"RTU01", "+RTU02", "pc_server"})) << "a failure keeps the rows";
+    plant.failures.clear();
+    plant.reachable = true;
+    plant.branches = {{"PC_Server", {}}, {"RTU02", {}}};
+    cmdVrxFromOPC.click();
+    EXPECT_EQ(stations(), Texts({"RTU02"})) << "without its mark";
 }
 
 TEST_F(OPCViewerTest, ANewHostnameCountsFromTheNextConnectionOn) {
     viewer.Hostname("nodo1");  // at run time: connects at once
-    EXPECT_EQ(plant().log.at(1), "Connect Kordal.OPCServerPVRX on 'nodo1'");
-    EXPECT_THAT(stations(), ElementsAre("RTU01", "RTU02"));
-
-    plant().log.clear();
-    plant().branches.pop_back();
+    EXPECT_EQ(log().at(1), "Connect Kordal.OPCServerPVRX on 'nodo1'");
+    plant.branches.pop_back();
     viewer.Hostname("nodo2");
-    EXPECT_THAT(plant().log, ElementsAre("CreateBrowser", "MoveToRoot", "ShowBranches"));
-    EXPECT_THAT(stations(), ElementsAre("RTU01"));
-
+    EXPECT_EQ(log(), Browsing);
+    EXPECT_EQ(stations(), Texts({"RTU01"}));
     cmdEliminaTutto.click();
-    plant().log.clear();
+    (void)log();
     viewer.Hostname("nodo3");
-    EXPECT_THAT(plant().log, IsEmpty()) << "a server object that is not connected lists nothing";
+    EXPECT_THAT(log(), IsEmpty()) << "a server object that is not connected lists nothing";
     cmdVrxFromOPC.click();
-    EXPECT_EQ(plant().log.at(0), "Connect Kordal.OPCServerPVRX on 'nodo3'");
+    EXPECT_EQ(log().at(0), "Connect Kordal.OPCServerPVRX on 'nodo3'");
 }
 
-TEST_F(OPCViewerTest, MarksByButtonsAndActivation) {
-    viewer.Show();
-    cmdSeleziona.click();
-    EXPECT_TRUE(lvVRX.Checked(1) && lvVRX.Checked(2));
-    lvVRX.activate(2);
-    EXPECT_TRUE(lvVRX.Checked(1) && !lvVRX.Checked(2));
-    lvVRX.activate(2);
-    EXPECT_TRUE(lvVRX.Checked(2));
-    cmdDeseleziona.click();
-    EXPECT_FALSE(lvVRX.Checked(1) || lvVRX.Checked(2));
-}
-
-TEST_F(OPCViewerTest, AClickOnAColumnSortsByItOrTurnsTheOrder) {
-    struct Click {
-        int column;
-        ReportList::Order order;
-    };
-    for (const Click& click : {Click{2, ReportList::Order::Ascending},
-                               {2, ReportList::Order::Descending},
-                               {0, ReportList::Order::Descending},
-                               {0, ReportList::Order::Ascending}}) {
-        lvItem.ColumnClick.raise(click.column);
-        EXPECT_EQ(lvItem.SortKey(), click.column);
-        EXPECT_EQ(lvItem.SortOrder(), click.order);
+TEST_F(OPCViewerTest, SortingAndColours) {
+    using enum ReportList::Order;
+    const std::pair<int, ReportList::Order> clicks[] = {
+        {2, Ascending}, {2, Descending}, {0, Descending}, {0, Ascending}};
+    for (const auto& [column, order] : clicks) {
+        lvItem.ColumnClick.raise(column);
+        EXPECT_EQ(lvItem.SortKey(), column);
+        EXPECT_EQ(lvItem.SortOrder(), order);
     }
-}
-
-TEST_F(OPCViewerTest, ColoursReachTheTwoFrames) {
     viewer.BackColor(0x0000FF);
     viewer.ForeColor(0x00FF00);
     for (const fakes::FakeFrame* frame : {&control, &frmVRX, &frmItem}) {
         EXPECT_EQ(frame->backColor, 0x0000FFu);
         EXPECT_EQ(frame->foreColor, 0x00FF00u);
     }
+}
+
+Texts operator+(Texts first, const Texts& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+TEST_F(OPCViewerTest, TheFirstShowConnectsAndAFailingStepIsSkipped) {
+    viewer.Show();
+    EXPECT_EQ(log(), Texts{"create"} + Connecting + Browsing);
+    EXPECT_EQ(stations(), Texts({"RTU01", "RTU02"}));
+    for (const std::string& failing : Connecting) {
+        cmdEliminaTutto.click();
+        (void)log();
+        failAt(failing);
+        cmdVrxFromOPC.click();
+        Texts tried = Connecting;
+        // Without a connection there is no group either, and nothing to set on it.
+        const bool connects = failing != Connecting[0];
+        if (!connects || failing == "Groups.Add Group") tried.resize(4);
+        EXPECT_EQ(log(), connects ? tried + Browsing : tried) << failing;
+        plant.failures.clear();
+    }
+    cmdVrxFromOPC.click();
+    plant.state = 2;  // any other state but disconnected: what there is is used
+    cmdVrxFromOPC.click();
+    EXPECT_EQ(log(), Browsing);
+    EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_F(OPCViewerTest, AServerThatCannotBeMadeOrReachedIsTriedAnew) {
+    failAt("create");
+    viewer.Show();
+    cmdVrxFromOPC.click();
+    cmdEliminaTutto.click();
+    viewer.Terminate();
+    EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError) << "nobody to browse";
+    EXPECT_EQ(log(), Texts(4, "create"));
+
+    failAt(Connecting[0], RuntimeError(ErrorNumber::Cancelled));
+    EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError);
+    EXPECT_THAT(log(), ElementsAre("create", Connecting[0])) << "ends the operation";
+    plant.failures.clear();
+    cmdVrxFromOPC.click();
+    EXPECT_EQ(stations(), Texts({"RTU01", "RTU02"}));
+}
+
+TEST_F(OPCViewerTest, DisconnectingTriesEveryStepAlsoWithADeadServer) {
+    for (const std::string& failing : Disconnecting) {
+        for (const bool dead : {false, true}) {
+            showAll();
+            ASSERT_EQ(lvItem.Count(), 4);
+            if (dead) server().die();
+            failAt(failing);
+            viewer.Terminate();
+            EXPECT_EQ(log(), Disconnecting) << failing << dead;
+            EXPECT_EQ(lvItem.Count(), 0) << failing << dead;
+            plant.failures.clear();
+            plant.reachable = true;
+            plant.state = opc::Disconnected;
+            server().groups.groups.clear();
+        }
+    }
+    cmdEliminaTutto.click();
+    viewer.Terminate();
+    EXPECT_THAT(log(), ElementsAre("Disconnect", "Disconnect")) << "twice is harmless";
+    EXPECT_EQ(stations(), Texts({"+RTU01", "+RTU02"}));
+}
+
+TEST_F(OPCViewerTest, ADeadServerLeavesNothingThatLooksLive) {
+    std::string lost;
+    viewer.ConnectionLost.subscribe([&](const std::string& reason) { lost = reason; });
+    showAll();
+    server().die();
+    server().ServerShutDown.raise("spento");
+    EXPECT_EQ(table(), Texts());
+    EXPECT_EQ(log(), Disconnecting);
+    EXPECT_EQ(stations(), Texts({"+RTU01", "+RTU02"}));
+    EXPECT_EQ(lost, "spento");
+    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_THROW(cmdAggiornaDati.click(), RuntimeError) << "still down";
+    plant.reachable = true;
+    cmdAggiornaDati.click();
+    EXPECT_EQ(lvItem.Count(), 4);
+
+    server().die();  // without a notice
+    plant.reachable = true;
+    (void)log();
+    cmdAggiornaDati.click();
+    const Texts steps = log();
+    EXPECT_THAT(steps, Contains("Groups.Remove Group"));
+    EXPECT_THAT(steps, Not(Contains("create")));
+    ASSERT_EQ(lvItem.Count(), 4);
+    change({0, {9}, {1.5}, {192}, {Date(0.5)}});
+    EXPECT_EQ(table()[0], "I9 verde* RTU01.Livello|1,5|Good|12.00.00") << "listens to its group";
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "opcviewer/opcviewer.h"
+#include "tests/errorof.h"
 #include "tests/fakes/fakereportlist.h"
 #include "tests/fakes/fakeservices.h"
 #include "tests/fakes/fakewidgets.h"
@@ -10,18 +11,21 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace velt {
 
+using namespace testing;
+using Texts = std::vector<std::string>;
+
 /// An OPC viewer on fakes; the server has two stations of three and one variables.
-class OPCViewerFixture : public testing::Test {
+class OPCViewerTest : public Test {
 protected:
-    OPCViewerFixture() {
-        plant().branches = {
-            {"RTU01", {{"Livello"}, {"Rotto", vartype::R8, true}, {"Soglia", vartype::I2}}},
-            {"PC_Server", {{"Versione"}}},
-            {"RTU02", {{"Pompa", vartype::Bool}}}};
+    OPCViewerTest() {
+        plant.branches = {{"RTU01", {{"Livello"}, {"Rotto", vartype::R8, true}, {"Soglia", 2}}},
+                          {"PC_Server", {{"Versione"}}},
+                          {"RTU02", {{"Pompa", vartype::Bool}}}};
     }
 
     /// As an operator does it: ticks every station and fills the table.
@@ -29,23 +33,43 @@ protected:
         viewer.Show();
         cmdSeleziona.click();
         cmdAggiornaDati.click();
-        plant().log.clear();
+        (void)log();
     }
     void change(const DataChangeArgs& args) {
-        services.opcFactory.server->groups.groups.at("Group")->DataChange.raise(args);
+        server().groups.groups.at("Group")->DataChange.raise(args);
     }
-    fakes::FakePlant& plant() { return services.opcFactory.plant; }
     fakes::FakeOPCServer& server() { return *services.opcFactory.server; }
-    std::vector<fakes::FakeMessageBox::Message>& messages() { return services.messages.shown; }
-    std::vector<std::string> keys() const {
-        std::vector<std::string> keys;
-        for (const auto& row : lvItem.rows) keys.push_back(row.key);
-        return keys;
+    /// What was done at the server since the last time.
+    Texts log() { return std::exchange(plant.log, {}); }
+    void write(int row, const std::string& text) {
+        lvItem.selected = row;
+        txtScrittura.text = text;
+        cmdScrivi.click();
     }
-    std::vector<std::string> stations() const { return lvVRX.texts(); }
+    void failAt(const std::string& step, const RuntimeError& error = RuntimeError(7, "Guasto")) {
+        plant.failures = {{step, error}};
+    }
+    /// Each row's key, icon and texts; a "*" when data have come since.
+    Texts table() const {
+        Texts all;
+        for (const auto& row : lvItem.rows) {
+            all.push_back(row.key + " " + row.icon + (row.changes > 0 ? "* " : " ") + row.texts[0]);
+            for (int i = cVALORE_OPC; row.changes > 0 && i <= cTIMESTAMP; ++i)
+                all.back() += "|" + row.texts[static_cast<std::size_t>(i)];
+        }
+        return all;
+    }
+    /// The stations; a "+" before those that are ticked.
+    Texts stations() const {
+        Texts all;
+        for (const auto& row : lvVRX.rows) all.push_back((row.checked ? "+" : "") + row.text);
+        return all;
+    }
 
     fakes::FakeAmbient ambient;
     fakes::FakeServices services;
+    fakes::FakePlant& plant = services.opcFactory.plant;
+    std::vector<fakes::FakeMessageBox::Message>& messages = services.messages.shown;
     fakes::FakeFrame control, frmVRX, frmItem;
     fakes::FakeListView lvVRX;
     fakes::FakeButton cmdVrxFromOPC, cmdAggiornaDati, cmdSeleziona, cmdDeseleziona, cmdEliminaTutto,
@@ -53,20 +77,21 @@ protected:
     fakes::FakeReportList lvItem;
     fakes::FakeTextBox txtScrittura;
     fakes::FakeTimer t;
-    const OPCViewerForm form{control,
-                             frmVRX,
-                             frmItem,
-                             lvVRX,
-                             cmdVrxFromOPC,
-                             cmdAggiornaDati,
-                             cmdSeleziona,
-                             cmdDeseleziona,
-                             cmdEliminaTutto,
-                             lvItem,
-                             txtScrittura,
-                             cmdScrivi,
-                             t};
-    OPCViewer viewer{form, ambient, services};
+    OPCViewer viewer{{control, frmVRX, frmItem, lvVRX, cmdVrxFromOPC, cmdAggiornaDati, cmdSeleziona,
+                      cmdDeseleziona, cmdEliminaTutto, lvItem, txtScrittura, cmdScrivi, t},
+                     ambient,
+                     services};
+
+    const Texts All = {"I1 verde RTU01.Livello", "I2 errore_gialla RTU01.Rotto",
+                       "I3 verde RTU01.Soglia", "I4 verde RTU02.Pompa"};
+    const Texts Connecting = {"Connect Kordal.OPCServerPVRX",
+                              "DefaultGroupIsActive 1",
+                              "DefaultGroupUpdateRate 1000",
+                              "Groups.Add Group",
+                              "IsSubscribed 1",
+                              "Items.DefaultIsActive 1"};
+    const Texts Browsing = {"CreateBrowser", "MoveToRoot", "ShowBranches"};
+    const Texts Disconnecting = {"Items.Remove 3", "Groups.Remove Group", "Disconnect"};
 };
 
 }  // namespace velt

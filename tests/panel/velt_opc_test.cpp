@@ -12,6 +12,7 @@ namespace {
 using opcua::NodeId;
 using opcua::test::Builder;
 using opcua::test::TestServer;
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -28,25 +29,22 @@ protected:
         build.variable("Testo", build.folder("Sotto", rtu), "a\tb\x1B", true);
         build.variable("Lista", rtu, std::vector<std::int32_t>{1, 2}, true);
         build.folder("RTU02");
+        NodeId deep = rtu;
+        for (int i = 0; i < 33; ++i) deep = build.folder("x", deep);
     }};
     std::string endpoint_ = server_.endpoint();
 };
 
-TEST_F(VeltOpcTest, Browses) {
+TEST_F(VeltOpcTest, BrowsesWatchesAndWrites) {
     EXPECT_EQ(opc({"browse", endpoint_}).output, "RTU01\nRTU02\n");
-    EXPECT_EQ(opc({"browse", endpoint_, "RTU01"}).output,
-              "RTU01.Livello\t5\nRTU01.Lista\t8195\nRTU01.Sotto.Testo\t8\n");
-}
-
-TEST_F(VeltOpcTest, Watches) {
+    const Outcome browsed = opc({"browse", endpoint_, "RTU01"});
+    EXPECT_EQ(browsed.output, "RTU01.Livello\t5\nRTU01.Lista\t8195\nRTU01.Sotto.Testo\t8\n");
+    EXPECT_EQ(browsed.error, "velt: RTU01: elenco incompleto, oltre 32 livelli non si cerca\n");
     const Outcome outcome = opc({"watch", "--seconds", "2.5", endpoint_, "RTU01", "RTU02"});
     EXPECT_EQ(outcome.exitCode, 0) << outcome.error;
-    EXPECT_THAT(outcome.output, HasSubstr("RTU01.Livello\t1,5\tGood\t"));
-    EXPECT_THAT(outcome.output, HasSubstr("RTU01.Lista\t(1; 2)\tGood\t"));
-    EXPECT_THAT(outcome.output, HasSubstr("RTU01.Sotto.Testo\ta\\tb\\x1B\tGood\t"));
-}
-
-TEST_F(VeltOpcTest, Writes) {
+    EXPECT_THAT(outcome.output, AllOf(HasSubstr("RTU01.Livello\t1,5\tGood\t"),
+                                      HasSubstr("RTU01.Lista\t(1; 2)\tGood\t"),
+                                      HasSubstr("RTU01.Sotto.Testo\ta\\tb\\x1B\tGood\t")));
     EXPECT_EQ(opc({"write", endpoint_, "RTU01.Livello", "2,75"}).exitCode, 0);
     EXPECT_EQ(opc({"write", endpoint_, "ns=1;s=Lista", "4;5;6"}).exitCode, 0);
     server_.run([](Builder& build) {

@@ -28,47 +28,44 @@ protected:
     std::unique_ptr<demo::OpcServer> server_;
 };
 
-TEST_F(VeltRtuTest, ListsConnectsAndDownloads) {
-    const Outcome list = rtu({"list"});
-    EXPECT_EQ(list.output,
+TEST_F(VeltRtuTest, ListsConnectsDownloadsAndSaysWhyItCannot) {
+    const std::vector<std::string> none, a = {"A"};
+    struct Case {
+        std::vector<std::string> verb, station;
+        int exitCode;
+        const char* output;
+        const char* error;
+    };
+    for (const Case& c : std::vector<Case>{
+             {{"list"},
+              none,
+              0,
               "Acquedotto dimostrativo, version 2.4.1\nA\t0\tDisconnesso\n"
-              "B\\tb\t0\tDisconnesso\nGuasta\t0\tDisconnesso\n");
-    EXPECT_EQ(list.exitCode, 0) << list.error;
-
-    Outcome done = rtu({"connect"}, {"A"});
-    EXPECT_EQ(done.output, "A\t1\tDialing\nA\t2\tConnesso\n");
-    EXPECT_EQ(done.exitCode, 0) << done.error;
-    EXPECT_EQ(rtu({"connect"}, {"A"}).exitCode, 0) << "it is already";
-    done = rtu({"connect"}, {"B\tb"});
-    EXPECT_EQ(done.exitCode, 1);
-    EXPECT_THAT(done.error, HasSubstr("no modem is free"));
-    done = rtu({"download"}, {"A"});
-    EXPECT_EQ(done.output, "A\t5\tDownloading\nA\t2\tConnesso\n");
-    EXPECT_EQ(done.exitCode, 0) << done.error;
-    done = rtu({"disconnect"}, {"A"});
-    EXPECT_EQ(done.output, "A\t4\tIn disconnessione\nA\t0\tDisconnesso\n");
-
-    done = rtu({"download-all"});
-    EXPECT_THAT(done.output, HasSubstr("A\t5\tDownloading\n"));
-    EXPECT_THAT(done.output, HasSubstr("B\\tb\t5\tDownloading\n"));
-    EXPECT_THAT(done.output, HasSubstr("Guasta\terror\tnessuna risposta\n"));
-    EXPECT_EQ(done.exitCode, 1);
-}
-
-TEST_F(VeltRtuTest, SaysWhyItCannot) {
-    Outcome failed = rtu({"connect"}, {"Z"});
-    EXPECT_EQ(failed.exitCode, 1);
-    EXPECT_THAT(failed.error, HasSubstr("no such station"));
-    EXPECT_EQ(rtu({"disconnect"}, {"A"}).exitCode, 0) << "it is already";
-    failed = rtu({"connect", "--seconds", "0.05"}, {"A"});
-    EXPECT_EQ(failed.exitCode, 1);
-    EXPECT_THAT(failed.error, HasSubstr("not done in time"));
-    EXPECT_EQ(rtu({"watch", "--seconds", "0.3"}).exitCode, 0);
-    EXPECT_EQ(rtu({"connect"}).exitCode, 2);
-    EXPECT_EQ(rtu({"dial"}, {"A"}).exitCode, 2);
+              "B\\tb\t0\tDisconnesso\nGuasta\t0\tDisconnesso\n",
+              ""},
+             {{"disconnect"}, a, 0, "", ""},  // it is already
+             {{"connect", "--seconds", "0.05"}, a, 1, "", "not done in time"},
+             {{"connect"}, a, 0, "A\t2\tConnesso\n", ""},
+             {{"connect"}, a, 0, "A\t2\tConnesso\n", ""},  // it is already
+             {{"connect"}, {"B\tb"}, 1, "", "no modem is free"},
+             {{"download"}, a, 0, "A\t5\tDownloading\nA\t2\tConnesso\n", ""},
+             {{"disconnect"}, a, 0, "A\t4\tIn disconnessione\nA\t0\tDisconnesso\n", ""},
+             {{"download-all"}, none, 1, "Guasta\terror\tnessuna risposta\n", ""},
+             {{"download-all"}, none, 0, "B\\tb\t5\tDownloading\n", ""},
+             {{"watch", "--seconds", "0.3"}, none, 0, "A\t0\tDisconnesso\n", ""},
+             {{"connect"}, {"Z"}, 1, "", "no such station"},
+             {{"connect"}, none, 2, "", "STATION"},
+             {{"dial"}, a, 2, "", "one of"},
+             {{"list", "--seconds", "1"}, none, 2, "", "list"},
+         }) {
+        const Outcome done = rtu(c.verb, c.station);
+        EXPECT_EQ(done.exitCode, c.exitCode) << c.verb.front() << done.error;
+        EXPECT_THAT(done.output, HasSubstr(c.output)) << c.verb.front();
+        EXPECT_THAT(done.error, HasSubstr(c.error)) << c.verb.front();
+    }
     const std::string endpoint = server_->endpoint();
     server_.reset();
-    failed = runVelt({"rtu", "list", endpoint});
+    const Outcome failed = runVelt({"rtu", "list", endpoint});
     EXPECT_EQ(failed.exitCode, 1);
     EXPECT_THAT(failed.error, HasSubstr("rifiuta la connessione"));
 }

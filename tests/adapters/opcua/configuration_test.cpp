@@ -15,24 +15,20 @@ namespace {
 using testing::HasSubstr;
 
 TEST(EndpointTest, NodesBecomeUrls) {
-    struct Case {
-        std::optional<std::string> node;
-        const char* url;
-        const char* host;
+    const std::tuple<std::optional<std::string>, const char*, const char*> cases[] = {
+        {std::nullopt, "opc.tcp://localhost:4840", "localhost"},
+        {"", "opc.tcp://localhost:4840", "localhost"},
+        {"scada1", "opc.tcp://scada1:4840", "scada1"},
+        {"10.0.0.7:4841", "opc.tcp://10.0.0.7:4841", "10.0.0.7"},
+        {"::1", "opc.tcp://[::1]:4840", "::1"},
+        {"[::1]:50", "opc.tcp://[::1]:50", "::1"},
+        {"[::1]", "opc.tcp://[::1]:4840", "::1"},
+        {"opc.tcp://a.b:5/x/y", "opc.tcp://a.b:5/x/y", "a.b"},
+        {"opc.tcp://a.b/x", "opc.tcp://a.b/x", "a.b"},
     };
-    for (const Case& c : {
-             Case{std::nullopt, "opc.tcp://localhost:4840", "localhost"},
-             {"", "opc.tcp://localhost:4840", "localhost"},
-             {"scada1", "opc.tcp://scada1:4840", "scada1"},
-             {"10.0.0.7:4841", "opc.tcp://10.0.0.7:4841", "10.0.0.7"},
-             {"::1", "opc.tcp://[::1]:4840", "::1"},
-             {"[::1]:50", "opc.tcp://[::1]:50", "::1"},
-             {"[::1]", "opc.tcp://[::1]:4840", "::1"},
-             {"opc.tcp://a.b:5/x/y", "opc.tcp://a.b:5/x/y", "a.b"},
-             {"opc.tcp://a.b/x", "opc.tcp://a.b/x", "a.b"},
-         }) {
-        EXPECT_EQ(endpointOf(c.node), c.url);
-        EXPECT_EQ(hostOf(c.url), c.host);
+    for (const auto& [node, url, host] : cases) {
+        EXPECT_EQ(endpointOf(node), url);
+        EXPECT_EQ(hostOf(url), host);
     }
 }
 

@@ -1,158 +1,107 @@
 // SPDX-License-Identifier: MIT
-// Encrypted connections, and those that must not come about.
+// Encrypted connections between the adapter and the demo's server, and those that must not come
+// about.
 #include "adapters/opcua/pki.h"
+#include "tests/adapters/opcua/runtimeserver.h"
 #include "tests/adapters/opcua/serverfixture.h"
+#include "tests/errorof.h"
 #include "tests/filebytes.h"
 #include "tests/tempfolder.h"
-
-#include <open62541/plugin/accesscontrol_default.h>
-#include <open62541/plugin/create_certificate.h>
-#include <open62541/plugin/pki_default.h>
-#include <open62541/server_config_default.h>
-
-#include <gmock/gmock.h>
 
 namespace velt::opcua::test {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
+namespace fs = std::filesystem;
+using velt::test::writeBytes;
 
-struct Identity {
-    OwnedBytes certificate;
-    OwnedBytes key;
-};
-
-Identity makeIdentity(const std::string& host, UA_UInt16 days) {
-    const UA_Logger silent{nullptr, nullptr, nullptr};
-    const UA_String subject = borrowed("CN=Prova");
-    const UA_String names[] = {borrowed(host), borrowed("URI:urn:prova:server")};
-    UA_KeyValueMap parameters = UA_KEYVALUEMAP_NULL;
-    const auto set = [&](const char* name, UA_UInt16 value) {
-        UA_KeyValueMap_setScalar(&parameters, {0, borrowed(name)}, &value,
-                                 &UA_TYPES[UA_TYPES_UINT16]);
-    };
-    set("expires-in-days", days);
-    set("key-size-bits", 2048);
-    Identity identity;
-    UA_CreateCertificate(&silent, &subject, 1, names, 2, UA_CERTIFICATEFORMAT_DER, &parameters,
-                         identity.key.get(), identity.certificate.get());
-    UA_KeyValueMap_clear(&parameters);
-    return identity;
-}
-
-/// The same identity after its time. The signature does not fit any more, but a certificate that is
-/// trusted by itself is not asked for it.
-Identity expire(Identity identity) {
-    const std::string bytes = toText(*identity.certificate);
+/// The same certificate after its time. The signature does not fit any more, but a certificate that
+/// is trusted by itself is not asked for it.
+Certificate expired(Certificate given) {
     // The validity is two times in a row: from, until.
-    const std::size_t first = bytes.find("\x17\x0D");
-    const std::size_t second = bytes.find("\x17\x0D", first + 1);
-    EXPECT_NE(second, std::string::npos);
-    for (const std::size_t time : {first, second}) {
-        identity.certificate->data[time + 2] = '2';
-        identity.certificate->data[time + 3] = time == first ? '0' : '1';
-    }
-    return identity;
+    const std::size_t from = given.certificate.find("\x17\x0D");
+    const std::size_t until = given.certificate.find("\x17\x0D", from + 1);
+    EXPECT_NE(until, std::string::npos);
+    given.certificate.replace(from + 2, 2, "20");
+    given.certificate.replace(until + 2, 2, "21");
+    return given;
 }
 
 class SecurityTest : public ServerFixture {
 protected:
-    /// A server that wants encryption, user "anna" and password "segreto", and trusts the client.
-    TestServer::Configure secure(const Identity& identity, const std::string& trusted) {
-        return [&identity, trusted](UA_ServerConfig& config, std::uint16_t port) {
-            const UA_ByteString trust = borrowed(trusted);
-            UA_ServerConfig_setDefaultWithSecureSecurityPolicies(
-                &config, port, identity.certificate.get(), identity.key.get(), &trust, 1, nullptr,
-                0, nullptr, 0);
-            UA_ServerConfig_addSecurityPolicyNone(&config, identity.certificate.get());
-            UA_String_clear(&config.applicationDescription.applicationUri);
-            config.applicationDescription.applicationUri = copied("urn:prova:server");
-            UA_UsernamePasswordLogin login{borrowed("anna"), borrowed("segreto")};
-            config.accessControl.clear(&config.accessControl);
-            const UA_String policy =
-                borrowed("http://opcfoundation.org/UA/SecurityPolicy#Basic256Sha256");
-            UA_AccessControl_default(&config, false, &policy, 1, &login);
-        };
+    /// A server that wants encryption, user "anna" and password "segreto".
+    std::unique_ptr<demo::OpcServer> start() {
+        RuntimeServerOptions options;
+        options.server.shutdownNotice = 0ms;
+        options.server.security = demo::ServerSecurity{folder_ / "server", "anna", "segreto"};
+        return startRuntime(std::move(options));
     }
-
-    void options(const std::string& text) {
-        velt::test::writeBytes(folder_ / "opc.ini", "[OPC]\n" + text);
-        factory_.options({(folder_ / "opc.ini").string(), {}});
-        server_ = factory_.create();
+    static Certificate certificateOf(const std::string& host) {
+        return makeCertificate({"CN=Prova", {host, std::string("URI:") + demo::ServerUri}});
     }
-
-    std::string failure(const std::string& endpoint) {
-        try {
-            server_->Connect("x", endpoint);
-        } catch (const RuntimeError& error) {
-            return error.Description();
-        }
-        return "";
+    /// Why the adapter cannot connect by a configuration; "" when it can.
+    std::string failure(const std::string& configuration) {
+        const auto server = start();
+        writeBytes(folder_ / "opc.ini", "[OPC]\n" + configuration);
+        makeServer((folder_ / "opc.ini").string());
+        const RuntimeError error = raisedBy([&] { server_->Connect("x", server->endpoint()); });
+        EXPECT_EQ(server_->ServerState(), error.Number() == 0 ? opc::Running : opc::Disconnected);
+        server_->Disconnect();
+        return error.Number() == 0 ? "" : error.Description();
     }
 
     TempFolder folder_;
-    Pki pki_{folder_ / "pki"};
-    static constexpr const char* Encrypted =
-        "Security=SignAndEncrypt\nUser=anna\nPassword=segreto\n";
+    Pki client_{folder_ / "pki"};
+    const std::string own_ = client_.own().certificate;
+    const std::string encrypted_ = "Security=SignAndEncrypt\nUser=anna\nPassword=segreto\n";
 };
 
 TEST_F(SecurityTest, ConnectsWhenBothSidesTrustEachOther) {
-    const Identity identity = makeIdentity("IP:127.0.0.1", 30);
-    const std::string client = pki_.own().certificate;
-    TestServer server([](Builder& build) { build.variable("A", build.folder("RTU01"), 1); },
-                      secure(identity, client));
-    options(Encrypted);
-    // Nobody is trusted by default; the server's certificate is laid by for the integrator.
-    EXPECT_THAT(failure(server.endpoint()), HasSubstr("fidati"));
-    const std::filesystem::directory_iterator rejected(folder_ / "pki/rejected");
-    ASSERT_NE(rejected, std::filesystem::directory_iterator{});
-    std::filesystem::rename(rejected->path(), folder_ / "pki/trusted/server.der");
-    connect(server.endpoint());
-    EXPECT_THAT(itemIDs("RTU01"), ElementsAre("RTU01.A"));
+    const fs::path trusted = folder_ / "server/trusted";
+    fs::create_directories(trusted);
+    writeBytes(trusted / "client.der", own_);
+    // Nobody is trusted by default. The client lays the server's certificate by.
+    EXPECT_THAT(failure(encrypted_), HasSubstr("fidati"));
+    const fs::directory_iterator rejected(folder_ / "pki/rejected");
+    ASSERT_NE(rejected, fs::directory_iterator{});
+    fs::rename(rejected->path(), folder_ / "pki/trusted/server.der");
+    EXPECT_EQ(failure(encrypted_), "");
+    EXPECT_EQ(fs::status(folder_ / "server/own/key.der").permissions(),
+              fs::perms::owner_read | fs::perms::owner_write);
+    fs::remove(trusted / "client.der");
+    EXPECT_NE(failure(encrypted_), "") << "the server trusts nobody";
+    writeBytes(trusted / "other.der", certificateOf("DNS:x").certificate);
+    EXPECT_NE(failure(encrypted_), "") << "the server trusts somebody else";
 }
 
 TEST_F(SecurityTest, RefusesForAReasonThatIsTold) {
-    const Identity good = makeIdentity("IP:127.0.0.1", 30);
-    const Identity other = makeIdentity("DNS:altrove", 30);
-    const Identity expired = expire(makeIdentity("IP:127.0.0.1", 30));
-    const std::string client = pki_.own().certificate;
+    const Certificate good = certificateOf("IP:127.0.0.1");
+    const Certificate other = certificateOf("DNS:altrove");
+    for (const char* name : {"server/own", "server/trusted"})
+        fs::create_directories(folder_ / name);
+    writeBytes(folder_ / "server/trusted/client.der", own_);
     struct Case {
-        const Identity& server;
+        Certificate server;
         bool trusted;
         std::string options;
         const char* reason;
     };
-    const std::string encrypted = Encrypted;
     for (const Case& c : {
-             Case{good, false, encrypted, "fidati"},
-             {other, true, encrypted, "altro nodo"},
-             {other, true, encrypted + "CheckHost=no\n", ""},
-             {expired, true, encrypted, "scaduto"},
-             {good, true, "Security=SignAndEncrypt\nUser=anna\nPassword=sbagliata\n", "utente"},
+             Case{good, false, encrypted_, "fidati"},
+             {other, true, encrypted_, "altro nodo"},
+             {other, true, encrypted_ + "CheckHost=no\n", ""},
+             {expired(good), true, encrypted_, "scaduto"},
+             {good, true, encrypted_ + "Password=Segreto\n", "utente"},
              {good, true, "Security=SignAndEncrypt\n", "utente"},
              {good, true, "Security=None\n", "utente"},
          }) {
-        TestServer server([](Builder&) {}, secure(c.server, client));
-        options(c.options);
-        velt::test::writeBytes(
-            folder_ / "pki/trusted/server.der",
-            c.trusted ? toText(*c.server.certificate) : toText(*other.certificate));
-        const std::string reason = failure(server.endpoint());
+        writeBytes(folder_ / "server/own/cert.der", c.server.certificate);
+        writeBytes(folder_ / "server/own/key.der", c.server.key);
+        writeBytes(folder_ / "pki/trusted/server.der",
+                   c.trusted ? c.server.certificate : other.certificate);
+        const std::string reason = failure(c.options);
         EXPECT_EQ(reason.empty(), *c.reason == '\0') << c.options << reason;
         EXPECT_THAT(reason, HasSubstr(c.reason)) << c.options;
     }
-}
-
-TEST_F(SecurityTest, AServerThatDoesNotTrustTheClient) {
-    const Identity good = makeIdentity("IP:127.0.0.1", 30);
-    (void)pki_.own();
-    TestServer server([](Builder&) {},
-                      secure(good, toText(*makeIdentity("DNS:x", 30).certificate)));
-    options(Encrypted);
-    velt::test::writeBytes(folder_ / "pki/trusted/server.der", toText(*good.certificate));
-    EXPECT_NE(failure(server.endpoint()), "");
-    EXPECT_EQ(server_->ServerState(), opc::Disconnected);
 }
 
 }  // namespace

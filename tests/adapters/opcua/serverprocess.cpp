@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/adapters/opcua/serverprocess.h"
 
-#include "tests/adapters/opcua/testserver.h"
+#include "demo/plantcatalog.h"
+#include "demo/serverport.h"
+#include "tests/adapters/opcua/runtimeserver.h"
 
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,19 +14,22 @@
 
 namespace velt::opcua::test {
 
-ServerProcess::ServerProcess() : port_(freePort()) {
+ServerProcess::ServerProcess() : port_(demo::freePort()) {
     int ready[2];
     if (pipe(ready) != 0) throw std::runtime_error("pipe");
-    std::string program = OPCUA_TEST_SERVER;
-    std::string port = std::to_string(port_);
     process_ = fork();
     if (process_ == 0) {
-        dup2(ready[1], STDOUT_FILENO);
-        close(ready[0]);
-        close(ready[1]);
-        char* const arguments[] = {program.data(), port.data(), nullptr};
-        execv(program.c_str(), arguments);
-        _exit(127);
+        prctl(PR_SET_PDEATHSIG, SIGKILL);  // never outlives a test that crashed
+        RuntimeServerOptions options;
+        options.runtime = quickRuntime({"A", "B"});
+        options.runtime.downloading = std::chrono::minutes(1);
+        options.server.port = port_;
+        options.more = std::make_unique<demo::PlantNodes>(demo::loadStations(1, Variables, 1),
+                                                          std::chrono::milliseconds(5));
+        const auto server = startRuntime(std::move(options));
+        if (write(ready[1], "1", 1) == 1)
+            for (;;) pause();
+        _exit(1);
     }
     close(ready[1]);
     char byte = 0;

@@ -10,7 +10,8 @@
 namespace velt::opcua::test {
 
 /// A server in a process of its own, which can be frozen and killed. It has one branch "RTU01" of
-/// whole numbers that change every few milliseconds.
+/// numbers that change every few milliseconds, and a runtime with the stations A and B whose
+/// downloads take a minute. To be made while this process has no other threads.
 class ServerProcess {
 public:
     static constexpr std::size_t Variables = 200;

@@ -2,19 +2,16 @@
 #include "tests/adapters/opcua/testserver.h"
 
 #include <open62541/nodeids.h>
-#include <open62541/server_config_default.h>
 
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
+#include <atomic>
 #include <future>
+#include <mutex>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 namespace velt::opcua::test {
 namespace {
-
-UA_Logger silent{nullptr, nullptr, nullptr};
 
 void require(UA_StatusCode status, const char* what) {
     if (status != UA_STATUSCODE_GOOD)
@@ -24,19 +21,6 @@ void require(UA_StatusCode status, const char* what) {
 UA_QualifiedName nameOf(const std::string& name) { return {1, borrowed(name)}; }
 
 }  // namespace
-
-std::uint16_t freePort() {
-    const int probe = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* const generic = reinterpret_cast<sockaddr*>(&address);
-    const bool found = bind(probe, generic, size) == 0 && getsockname(probe, generic, &size) == 0;
-    close(probe);
-    if (!found) throw std::runtime_error("no free port");
-    return ntohs(address.sin_port);
-}
 
 NodeId Builder::objects() { return NodeId(UA_NODEID_NUMERIC(0, UA_NS0ID_OBJECTSFOLDER)); }
 
@@ -58,7 +42,7 @@ NodeId Builder::folder(const std::string& name, const NodeId& parent) {
 }
 
 NodeId Builder::variable(const std::string& name, const NodeId& parent, const OwnedVariant& value,
-                         bool writable) {
+                         bool writable, UA_UInt32 reference) {
     UA_VariableAttributes attributes = UA_VariableAttributes_default;
     attributes.value = *value;
     std::vector<UA_UInt32> dimensions;
@@ -73,23 +57,10 @@ NodeId Builder::variable(const std::string& name, const NodeId& parent, const Ow
         static_cast<UA_Byte>(UA_ACCESSLEVELMASK_READ | (writable ? UA_ACCESSLEVELMASK_WRITE : 0));
     NodeId id = named(name);
     require(UA_Server_addVariableNode(
-                server_, *id, *parent, UA_NODEID_NUMERIC(0, UA_NS0ID_HASCOMPONENT), nameOf(name),
+                server_, *id, *parent, UA_NODEID_NUMERIC(0, reference), nameOf(name),
                 UA_NODEID_NUMERIC(0, UA_NS0ID_BASEDATAVARIABLETYPE), attributes, nullptr, nullptr),
             name.c_str());
     return id;
-}
-
-NodeId Builder::variable(const std::string& name, const NodeId& parent, const Variant& value,
-                         bool writable) {
-    return variable(name, parent, toUa(value, {}), writable);
-}
-
-void Builder::property(const std::string& name, const NodeId& parent) {
-    require(UA_Server_addVariableNode(server_, *named(name), *parent,
-                                      UA_NODEID_NUMERIC(0, UA_NS0ID_HASPROPERTY), nameOf(name),
-                                      UA_NODEID_NUMERIC(0, UA_NS0ID_PROPERTYTYPE),
-                                      UA_VariableAttributes_default, nullptr, nullptr),
-            "property");
 }
 
 void Builder::reference(const NodeId& from, const NodeId& to) {
@@ -97,10 +68,6 @@ void Builder::reference(const NodeId& from, const NodeId& to) {
     require(UA_Server_addReference(server_, *from, UA_NODEID_NUMERIC(0, UA_NS0ID_ORGANIZES), target,
                                    true),
             "reference");
-}
-
-void Builder::write(const NodeId& node, const Variant& value) {
-    require(UA_Server_writeValue(server_, *node, *toUa(value, {})), "write");
 }
 
 void Builder::write(const NodeId& node, const Variant& value, UA_StatusCode status) {
@@ -123,75 +90,57 @@ void Builder::remove(const NodeId& node) {
     require(UA_Server_deleteNode(server_, *node, true), "remove");
 }
 
-void TestServer::plain(UA_ServerConfig& config, std::uint16_t port) {
-    require(UA_ServerConfig_setMinimal(&config, port, nullptr), "configuration");
-}
-
-TestServer::TestServer(const std::function<void(Builder&)>& populate, const Configure& configure,
-                       std::uint16_t port)
-    : port_(port) {
-    UA_ServerConfig config{};
-    config.logging = &silent;
-    (configure ? configure : plain)(config, port);
-    UA_Array_delete(config.serverUrls, config.serverUrlsSize, &UA_TYPES[UA_TYPES_STRING]);
-    config.serverUrls = static_cast<UA_String*>(UA_Array_new(1, &UA_TYPES[UA_TYPES_STRING]));
-    config.serverUrlsSize = 1;
-    config.serverUrls[0] = copied(endpoint());
-    config.samplingIntervalLimits.min = 5;
-    config.publishingIntervalLimits.min = 5;
-    config.context = this;
-    config.monitoredItemRegisterCallback = [](UA_Server* server, const UA_NodeId*, void*,
-                                              const UA_NodeId*, void*, UA_UInt32, UA_Boolean gone) {
-        auto* const self = static_cast<TestServer*>(UA_Server_getConfig(server)->context);
-        self->monitored_ += gone ? -1 : 1;
-    };
-    server_ = UA_Server_newWithConfig(&config);
-    if (!server_) throw std::runtime_error("no server");
-    Builder builder(server_);
-    populate(builder);
-    require(UA_Server_run_startup(server_), "startup");
-    thread_ = std::thread([this] { serve(); });
-}
-
-std::string TestServer::endpoint() const { return "opc.tcp://127.0.0.1:" + std::to_string(port_); }
-
-void TestServer::serve() {
-    while (!stopped_) {
-        UA_Server_run_iterate(server_, false);
-        UA_EventLoop* const loop = UA_Server_getConfig(server_)->eventLoop;
-        loop->run(loop, 2);
-        std::vector<std::function<void()>> commands;
-        {
-            const std::lock_guard lock(mutex_);
-            commands.swap(commands_);
-        }
-        for (const auto& command : commands) command();
+/// What the server offers; on its thread.
+struct TestServer::Part final : demo::ServerPart {
+    explicit Part(std::function<void(Builder&)> fill) : populate(std::move(fill)) {}
+    void addTo(UA_Server& added, std::uint16_t) override {
+        server = &added;
+        UA_ServerConfig& config = *UA_Server_getConfig(server);
+        config.samplingIntervalLimits.min = config.publishingIntervalLimits.min = 5;
+        config.context = this;
+        config.monitoredItemRegisterCallback = [](UA_Server* of, const UA_NodeId*, void*,
+                                                  const UA_NodeId*, void*, UA_UInt32,
+                                                  UA_Boolean gone) {
+            static_cast<Part*>(UA_Server_getConfig(of)->context)->monitored += gone ? -1 : 1;
+        };
+        Builder builder(server);
+        populate(builder);
     }
-    UA_Server_run_shutdown(server_);
-    UA_Server_delete(server_);
+    void tick() override {
+        const std::lock_guard lock(mutex);
+        for (const auto& command : std::exchange(commands, {})) command();
+    }
+
+    std::function<void(Builder&)> populate;
+    UA_Server* server = nullptr;
+    std::atomic<int> monitored = 0;
+    std::mutex mutex;
+    std::vector<std::function<void()>> commands;
+};
+
+TestServer::TestServer(std::function<void(Builder&)> populate, std::uint16_t port) {
+    auto part = std::make_unique<Part>(std::move(populate));
+    part_ = part.get();
+    std::vector<std::unique_ptr<demo::ServerPart>> parts;
+    parts.push_back(std::move(part));
+    demo::OpcServerOptions options;
+    options.port = port;
+    options.shutdownNotice = std::chrono::milliseconds(0);
+    server_ = std::make_unique<demo::OpcServer>(std::move(options), std::move(parts));
 }
+
+int TestServer::monitored() const { return part_->monitored; }
 
 void TestServer::run(const std::function<void(Builder&)>& command) {
-    std::promise<void> done;
+    std::packaged_task<void()> task([&] {
+        Builder builder(part_->server);
+        command(builder);
+    });
     {
-        const std::lock_guard lock(mutex_);
-        commands_.push_back([&] {
-            try {
-                Builder builder(server_);
-                command(builder);
-                done.set_value();
-            } catch (...) {
-                done.set_exception(std::current_exception());
-            }
-        });
+        const std::lock_guard lock(part_->mutex);
+        part_->commands.push_back([&task] { task(); });
     }
-    done.get_future().get();
-}
-
-void TestServer::stop() {
-    if (!thread_.joinable()) return;
-    stopped_ = true;
-    thread_.join();
+    task.get_future().get();
 }
 
 }  // namespace velt::opcua::test

@@ -3,21 +3,20 @@
 
 #include "adapters/opcua/ua.h"
 #include "adapters/opcua/values.h"
+#include "demo/opcserver.h"
+#include "demo/serverport.h"
 
+#include <open62541/nodeids.h>
 #include <open62541/server.h>
 
-#include <atomic>
 #include <cstdint>
 #include <functional>
-#include <mutex>
+#include <memory>
 #include <string>
-#include <thread>
-#include <vector>
 
 namespace velt::opcua::test {
 
-/// A port of the loopback interface that nobody listens on.
-[[nodiscard]] std::uint16_t freePort();
+using demo::freePort;
 
 /// How nodes are made in a server.
 class Builder {
@@ -27,14 +26,15 @@ public:
     [[nodiscard]] UA_Server* server() const { return server_; }
     /// Below the Objects folder when there is no parent.
     NodeId folder(const std::string& name, const NodeId& parent = objects());
-    /// A variable with the value's own type and rank; its node ID is its name.
+    /// A variable with the value's own type and rank; its node ID is its name. `reference` is how
+    /// it hangs on its parent.
     NodeId variable(const std::string& name, const NodeId& parent, const OwnedVariant& value,
-                    bool writable = false);
+                    bool writable = false, UA_UInt32 reference = UA_NS0ID_HASCOMPONENT);
     NodeId variable(const std::string& name, const NodeId& parent, const Variant& value,
-                    bool writable = false);
-    void property(const std::string& name, const NodeId& parent);
+                    bool writable = false) {
+        return variable(name, parent, toUa(value, {}), writable);
+    }
     void reference(const NodeId& from, const NodeId& to);
-    void write(const NodeId& node, const Variant& value);
     void write(const NodeId& node, const Variant& value, UA_StatusCode status);
     [[nodiscard]] Variant read(const NodeId& node) const;
     void remove(const NodeId& node);
@@ -50,36 +50,22 @@ private:
 /// A real server on loopback, with a thread of its own.
 class TestServer {
 public:
-    using Configure = std::function<void(UA_ServerConfig&, std::uint16_t port)>;
+    /// `populate` fills it before it starts.
+    explicit TestServer(std::function<void(Builder&)> populate, std::uint16_t port = 0);
 
-    /// `populate` fills it before it starts; `configure` replaces the plain configuration.
-    explicit TestServer(const std::function<void(Builder&)>& populate,
-                        const Configure& configure = {}, std::uint16_t port = freePort());
-    ~TestServer() { stop(); }
-    TestServer(const TestServer&) = delete;
-    TestServer& operator=(const TestServer&) = delete;
-
-    [[nodiscard]] std::uint16_t port() const { return port_; }
-    [[nodiscard]] std::string endpoint() const;
+    [[nodiscard]] std::uint16_t port() const { return server_->port(); }
+    [[nodiscard]] std::string endpoint() const { return server_->endpoint(); }
     /// Has the server's thread carry this out, and waits for it.
     void run(const std::function<void(Builder&)>& command);
     /// Closes all connections without a word.
-    void stop();
+    void stop() { server_.reset(); }
     /// How many items clients monitor at present.
-    [[nodiscard]] int monitored() const { return monitored_; }
-
-    static void plain(UA_ServerConfig& config, std::uint16_t port);
+    [[nodiscard]] int monitored() const;
 
 private:
-    void serve();
-
-    std::uint16_t port_;
-    UA_Server* server_ = nullptr;
-    std::atomic<int> monitored_ = 0;
-    std::atomic<bool> stopped_ = false;
-    std::mutex mutex_;
-    std::vector<std::function<void()>> commands_;
-    std::thread thread_;
+    struct Part;
+    Part* part_;  ///< the server's
+    std::unique_ptr<demo::OpcServer> server_;
 };
 
 }  // namespace velt::opcua::test

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/opcua/session.h"
+#include "platform/queueddispatcher.h"
+#include "platform/runtimeerror.h"
+#include "tests/adapters/opcua/testserver.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velt::opcua::test {
+
+using namespace std::chrono_literals;
+using namespace testing;
+
+/// A test's thread that takes the events of an adapter.
+class AdapterFixture : public testing::Test {
+protected:
+    ~AdapterFixture() override { EXPECT_TRUE(Session::waitForAll(10s)) << "threads are left"; }
+
+    /// Takes events until the condition holds.
+    template <typename Condition>
+    [[nodiscard]] bool until(Condition condition, std::chrono::milliseconds time = 15s) {
+        // A look now and then, for conditions that change without an event.
+        const auto end = std::chrono::steady_clock::now() + time;
+        while (!condition()) {
+            if (std::chrono::steady_clock::now() > end) return false;
+            (void)dispatcher_.runUntil(condition, std::chrono::steady_clock::now() + 20ms);
+        }
+        return true;
+    }
+
+    QueuedDispatcher dispatcher_;
+    std::vector<std::string> logged_;
+    std::function<void(const std::string&)> log_ = [this](const std::string& text) {
+        logged_.push_back(text);
+    };
+};
+
+/// A port of this machine that takes connections and says nothing.
+class MutePort {
+public:
+    MutePort() : port_(freePort()) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(port_);
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(listen(socket_, 5), 0);
+    }
+    ~MutePort() { close(socket_); }
+    MutePort(const MutePort&) = delete;
+    MutePort& operator=(const MutePort&) = delete;
+    [[nodiscard]] std::string node() const { return "127.0.0.1:" + std::to_string(port_); }
+
+private:
+    int socket_ = socket(AF_INET, SOCK_STREAM, 0);
+    std::uint16_t port_;
+};
+
+}  // namespace velt::opcua::test
