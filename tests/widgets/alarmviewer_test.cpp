@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/alarmviewer.h"
 
+#include "adapters/standard/standardservices.h"
 #include "alarmviewer/querybuilder.h"
 #include "tests/widgets/facetest.h"
 
@@ -163,6 +164,16 @@ TEST_F(AlarmViewerFaceTest, ColoursReachItsSurfaceAndItsFrame) {
         EXPECT_EQ(widget->palette().color(QPalette::Window), QColor(1, 2, 3));
         EXPECT_EQ(widget->palette().color(QPalette::WindowText), QColor(4, 5, 6));
     }
+}
+
+TEST_F(AlarmViewerFaceTest, TakesTheServicesOfTheProcessWhenItGoesLive) {
+    AlarmViewer control;
+    setStandardServices(&services);
+    control.File("missing.mdb");
+    control.show();
+    settle();
+    setStandardServices(nullptr);
+    EXPECT_EQ(services.messages.shown.size(), 1U);
 }
 
 }  // namespace

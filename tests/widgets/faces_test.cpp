@@ -19,9 +19,8 @@
 #include <QRegularExpression>
 #include <QVBoxLayout>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include <map>
 #include <memory>
 
 namespace velt::ui {
@@ -125,8 +124,8 @@ TEST_F(FacesTest, EveryInputHasANameAndItsRole) {
         {"QTableView", QAccessible::Table},   {"QLineEdit", QAccessible::EditableText}};
     for (const ControlWidget* control : controls) {
         for (QWidget* input : control->findChildren<QWidget*>()) {
-            const bool isPart =
-                QRegularExpression("^(qt_.*)?$").match(input->objectName()).hasMatch();
+            const bool isPart = input->objectName().startsWith("qt_") ||
+                                (input->objectName().isEmpty() && !input->inherits("QToolButton"));
             if (isPart || !(input->focusPolicy() & Qt::TabFocus)) continue;
             SCOPED_TRACE(control->metaObject()->className() + input->objectName().toStdString());
             QAccessibleInterface* face = QAccessible::queryAccessibleInterface(input);
@@ -140,38 +139,32 @@ TEST_F(FacesTest, EveryInputHasANameAndItsRole) {
 }
 
 TEST_F(FacesTest, NoTwoInputsOfOneShareAMnemonic) {
-    std::size_t count = 0;
+    int count = 0;
     for (const ControlWidget* control : controls) {
-        std::map<QString, QString> owners;
-        const auto claim = [&](const QString& text, const QString& name) {
-            const QKeySequence key = QKeySequence::mnemonic(text);
-            if (key.isEmpty()) return;
-            const auto [owner, isFree] = owners.emplace(key.toString(), name);
-            EXPECT_TRUE(isFree) << owner->second.toStdString() << " and " << name.toStdString();
-        };
+        QStringList keys;
         for (const auto* button : control->findChildren<QAbstractButton*>())
-            claim(button->text(), button->objectName());
+            keys.append(QKeySequence::mnemonic(button->text()).toString());
         for (const auto* label : control->findChildren<QLabel*>())
-            if (label->buddy()) claim(label->text(), label->buddy()->objectName());
-        count += owners.size();
+            if (label->buddy()) keys.append(QKeySequence::mnemonic(label->text()).toString());
+        keys.removeAll(QString());
+        count += static_cast<int>(keys.size());
+        EXPECT_EQ(keys.removeDuplicates(), 0) << control->metaObject()->className();
     }
-    EXPECT_GT(count, 12U);
+    EXPECT_GT(count, 12);
 }
 
 TEST_F(FacesTest, TabGoesThroughTheInputsAndEnterPressesNothing) {
     auto* ok = new QPushButton("OK", &window);
     ok->setDefault(true);
+    int presses = 0;
+    for (const auto* each : window.findChildren<QPushButton*>())
+        QObject::connect(each, &QPushButton::clicked, &window, [&presses] { ++presses; });
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     for (std::size_t i = 0; i < controls.size(); ++i) {
-        std::vector<std::string> presses;
-        for (const auto* each : window.findChildren<QPushButton*>())
-            QObject::connect(each, &QPushButton::clicked, controls[i],
-                             [&, each] { presses.push_back(each->objectName().toStdString()); });
         const std::string expected = faces[i].tabs;
-        controls[i]
-            ->findChild<QWidget*>(expected.substr(0, expected.find(' ')).c_str())
-            ->setFocus();
+        const QString first = QString(faces[i].tabs).section(' ', 0, 0);
+        controls[i]->findChild<QWidget*>(first)->setFocus();
         std::string reached;
         for (int step = 0; step < 40 && reached != expected; ++step) {
             QWidget* focus = QApplication::focusWidget();
@@ -183,9 +176,9 @@ TEST_F(FacesTest, TabGoesThroughTheInputsAndEnterPressesNothing) {
             QTest::keyClick(focus, Qt::Key_Tab);
         }
         EXPECT_EQ(reached, expected);
-        EXPECT_THAT(presses, testing::IsEmpty());
-        EXPECT_TRUE(window.isVisible());
     }
+    EXPECT_EQ(presses, 0);
+    EXPECT_TRUE(window.isVisible());
 }
 
 TEST_F(FacesTest, HaveAMinimumSizeOnAnyFormAndRoomForALargerFont) {
