@@ -52,8 +52,7 @@ TEST(FormLoading, PropertiesOfTheFormHaveNoEffectAndThoseOfTheHostDo) {
         EXPECT_EQ(changed, QStringList()) << "the form assigned it, not the host";
         for (ControlWidget* control : controls) control->setProperty("FileIni", "host.ini");
         EXPECT_EQ(changed, QStringList(4, "FileIni"));
-        auto* second = window->findChild<ControlWidget*>("AlarmViewer2");
-        EXPECT_EQ(second->BackColor(), 0x00F0DCC8U);
+        EXPECT_EQ(window->findChild<ControlWidget*>("AlarmViewer2")->BackColor(), 0x00F0DCC8U);
     }
 }
 
