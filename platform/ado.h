@@ -16,6 +16,7 @@ namespace velt {
 namespace ado {
 inline constexpr int StateClosed = 0;
 inline constexpr int StateOpen = 1;
+inline constexpr int UseServer = 2;     ///< CursorLocation of a new recordset
 inline constexpr int UseClient = 3;     ///< CursorLocation
 inline constexpr int OpenStatic = 3;    ///< CursorType
 inline constexpr int LockReadOnly = 1;  ///< LockType

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/paths.h"
 
+#include "platform/characters.h"
+
 #include <algorithm>
 #include <system_error>
 
@@ -8,21 +10,6 @@ namespace velt {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Lower case of ASCII and of the two-byte letters U+00C0..U+00DE (UTF-8 C3 80..C3 9E).
-std::string folded(std::string name) {
-    constexpr unsigned char latin1Lead = 0xC3;
-    constexpr unsigned char multiplicationSign = 0x97;
-    unsigned char previous = 0;
-    for (char& c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 'A' && byte <= 'Z') c = static_cast<char>(byte + ('a' - 'A'));
-        if (previous == latin1Lead && byte >= 0x80 && byte <= 0x9E && byte != multiplicationSign)
-            c = static_cast<char>(byte + 0x20);
-        previous = byte;
-    }
-    return name;
-}
 
 bool mayExist(const fs::path& path) {
     std::error_code error;
@@ -32,13 +19,13 @@ bool mayExist(const fs::path& path) {
 }
 
 std::optional<fs::path> entryIgnoringCase(const fs::path& folder, const std::string& name) {
-    const std::string wanted = folded(name);
+    const std::string wanted = foldLatin(name);
     std::optional<std::string> found;
     std::error_code error;
     fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         std::string candidate = entry->path().filename().string();
-        if (folded(candidate) == wanted && (!found || candidate < *found))
+        if (foldLatin(candidate) == wanted && (!found || candidate < *found))
             found = std::move(candidate);
     }
     if (!found) return std::nullopt;

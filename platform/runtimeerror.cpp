@@ -16,7 +16,12 @@ const char* usualDescription(ErrorNumber number) {
         case ErrorNumber::ObjectNotSet: return "Variabile oggetto non impostata";
         case ErrorNumber::KeyInUse: return "La chiave è già associata a un elemento dell'insieme";
         case ErrorNumber::Cancelled: return "Operazione annullata";
+        case ErrorNumber::NoCurrentRecord: return "Nessun record corrente";
+        case ErrorNumber::UnknownField: return "Impossibile trovare il campo";
         case ErrorNumber::ObjectClosed: return "Operazione non consentita se l'oggetto è chiuso";
+        case ErrorNumber::ObjectOpen: return "Operazione non consentita se l'oggetto è aperto";
+        case ErrorNumber::InvalidConnection:
+            return "La connessione non è utilizzabile per questa operazione";
         case ErrorNumber::UnsupportedStatement: return "È ammessa solo l'istruzione SELECT";
         case ErrorNumber::SyntaxError: return "Errore di sintassi nella query";
         case ErrorNumber::UnknownTable: return "Impossibile trovare la tabella";

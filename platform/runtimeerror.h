@@ -19,8 +19,12 @@ enum class ErrorNumber : int {
     PathAccess = 75,
     ObjectNotSet = 91,
     KeyInUse = 457,
-    Cancelled = 3059,     ///< the operator, or the closing of the control, ended the operation
-    ObjectClosed = 3704,  ///< a closed Connection or Recordset was used
+    Cancelled = 3059,  ///< the operator, or the closing of the control, ended the operation
+    NoCurrentRecord = 3021,
+    UnknownField = 3265,          ///< a field of a Recordset that is not there
+    ObjectClosed = 3704,          ///< a closed Connection or Recordset was used
+    ObjectOpen = 3705,            ///< one that must be closed for this is open
+    InvalidConnection = 3709,     ///< a Recordset was given a connection that it cannot use
     UnsupportedStatement = 3065,  ///< a statement other than SELECT
     SyntaxError = 3075,           ///< a statement that cannot be parsed
     UnknownTable = 3078,

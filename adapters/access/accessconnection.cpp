@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/accessconnection.h"
 
-#include "adapters/access/adoerror.h"
 #include "adapters/access/jet/database.h"
 #include "adapters/access/jet/fileerror.h"
 #include "platform/paths.h"
@@ -29,11 +28,18 @@ AccessConnection::AccessConnection(std::string path, Dispatcher& dispatcher,
                                    UnreadableRowsReport report)
     : path_(std::move(path)), dispatcher_(dispatcher), report_(std::move(report)) {}
 
+AccessConnection& AccessConnection::of(const std::shared_ptr<Connection>& connection) {
+    auto* const access = dynamic_cast<AccessConnection*>(connection.get());
+    if (access == nullptr || access->state_ == ado::StateClosed)
+        throw RuntimeError(ErrorNumber::InvalidConnection);
+    return *access;
+}
+
 // The steps below may be left to end by themselves when their wait is cancelled: what they touch
 // is theirs, by value or shared.
 
 void AccessConnection::Open() {
-    if (state_ != ado::StateClosed) throw alreadyOpen();
+    if (state_ != ado::StateClosed) throw RuntimeError(ErrorNumber::ObjectOpen);
     dispatcher_.run([path = path_](const std::stop_token&) {
         static_cast<void>(jet::Database::open(existing(path)));
     });

@@ -22,6 +22,9 @@ public:
     /// Closed. `dispatcher` must outlive the connection.
     AccessConnection(std::string path, Dispatcher& dispatcher, UnreadableRowsReport report = {});
 
+    /// The AccessConnection that `connection` is; RuntimeError 3709 when it is another, or closed.
+    [[nodiscard]] static AccessConnection& of(const std::shared_ptr<Connection>& connection);
+
     [[nodiscard]] int State() const override { return state_; }
     /// Checks that the file can be used. RuntimeError 3705 when it is open already.
     void Open() override;

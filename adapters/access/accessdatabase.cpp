@@ -2,7 +2,6 @@
 #include "adapters/access/accessdatabase.h"
 
 #include "adapters/access/accessrecordset.h"
-#include "adapters/access/adoerror.h"
 #include "adapters/access/conditions.h"
 
 #include <optional>
@@ -39,9 +38,7 @@ std::string AccessDatabase::FieldCondition(const std::string& field, const std::
 
 bool AccessDatabase::TableExists(const std::shared_ptr<Connection>& connection,
                                  const std::string& table) {
-    const auto access = std::dynamic_pointer_cast<AccessConnection>(connection);
-    if (!access || access->State() == ado::StateClosed) throw invalidConnection();
-    return access->hasTable(table);
+    return AccessConnection::of(connection).hasTable(table);
 }
 
 }  // namespace velt::access

@@ -2,19 +2,15 @@
 #include "adapters/access/conditions.h"
 
 #include "adapters/access/enclosed.h"
-
-#include <array>
-#include <cstdio>
+#include "platform/isodate.h"
 
 namespace velt::access {
 namespace {
 
+/// Without the milliseconds.
 std::string literal(const Date& date) {
-    const Date::Fields f = date.fields();
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "#%04d-%02d-%02d %02d:%02d:%02d#", f.year, f.month,
-                  f.day, f.hour, f.minute, f.second);
-    return text.data();
+    constexpr std::size_t upToSeconds = 19;
+    return '#' + isoText(date).substr(0, upToSeconds) + '#';
 }
 
 Date upToWholeSecond(const Date& date) {

@@ -14,8 +14,7 @@ inline constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 [[nodiscard]] bool isUtf8(std::string_view bytes);
 [[nodiscard]] bool isAscii(std::string_view bytes);
 
-/// Windows-1252 to UTF-8. The five bytes that the code page leaves undefined become the control
-/// characters of the same number, as Windows does it, so that every byte has a way back.
+/// Windows-1252 to UTF-8; every byte has a way back.
 [[nodiscard]] std::string fromWindows1252(std::string_view bytes);
 /// UTF-8 to Windows-1252; nothing when a character is not in the code page.
 [[nodiscard]] std::optional<std::string> toWindows1252(std::string_view utf8);

@@ -3,6 +3,7 @@
 
 #include "tests/alarmviewer/alarmviewerwidgets.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -10,29 +11,28 @@
 
 namespace velt {
 
+using testing::ElementsAre;
+using testing::IsEmpty;
+
 inline const std::string AllAlarms =
     "SELECT Data, VRX, Allarme, Descrizione, Evento FROM Allarmi ORDER BY Data";
-
-inline std::shared_ptr<const RowSet> column(const std::string& name,
-                                            const std::vector<Variant>& values) {
-    std::vector<std::vector<Variant>> rows;
-    for (const Variant& value : values) rows.push_back({value});
-    return std::make_shared<fakes::FakeRowSet>(std::vector{name}, std::move(rows));
-}
 
 /// An alarm viewer on fakes; the file "allarmi.mdb" exists and lists three stations, two alarms.
 class AlarmViewerFixture : public testing::Test, protected AlarmViewerWidgets {
 protected:
+    using Rows = std::vector<std::vector<Variant>>;
+
     AlarmViewerFixture() {
         services.files.files.insert("allarmi.mdb");
-        database().answers[StationListQuery] = column("VRX", {"RTU01  ", "RTU02", "RTU03"});
-        database().answers[AlarmListQuery] = column("Allarme", {"Livello alto", "Pompa ferma"});
-        database().answers[AllAlarms] = std::make_shared<fakes::FakeRowSet>(
-            std::vector<std::string>{"Data", "a_b_c"},
-            std::vector<std::vector<Variant>>{{Date(1.0), "x"}, {Date(2.0), "y"}});
+        answer(StationListQuery, {"VRX"}, {{"RTU01  "}, {"RTU02"}, {Null{}}, {"   "}, {"RTU03"}});
+        answer(AlarmListQuery, {"Allarme"}, {{"Livello alto"}, {"Pompa ferma"}});
+        answer(AllAlarms, {"Data", "a_b_c"}, {{Date(1.0), "x"}, {Date(2.0), "y"}});
         ambient.displayName = "AlarmViewer1";
     }
-
+    void answer(const std::string& query, std::vector<std::string> columns, Rows rows) {
+        database().answers[query] =
+            std::make_shared<fakes::FakeRowSet>(std::move(columns), std::move(rows));
+    }
     /// As a host does it at run time.
     void startWith(const std::string& file, const std::string& fileIni) {
         viewer.File(file);
@@ -40,7 +40,10 @@ protected:
         viewer.Show();
     }
     fakes::FakeDatabase& database() { return services.fakeDatabase; }
-    std::vector<fakes::FakeMessageBox::Message>& messages() { return services.messages.shown; }
+    /// What the operator was told since the last call.
+    std::vector<fakes::FakeMessageBox::Message> told() {
+        return std::exchange(services.messages.shown, {});
+    }
     /// The keys that stand in this instance's section of "a.ini".
     fakes::FakeSettingsFactory::Keys& saved() {
         return services.settingsFactory.files["a.ini"]["AlarmViewer_AlarmViewer1"];

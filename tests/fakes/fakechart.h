@@ -5,17 +5,13 @@
 
 #include <array>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace velt::fakes {
 
 /// A chart that remembers what it was told.
-class FakeChart final : public Chart {
-public:
-    void Plot(std::shared_ptr<const ChartContents> contents) override {
-        plots.push_back(std::move(contents));
-    }
+struct FakeChart final : Chart {
+    void Plot(std::shared_ptr<const ChartContents> contents) override { plots.push_back(contents); }
     void SeriesColor(int series, int red, int green, int blue) override {
         colors.at(static_cast<std::size_t>(series)) = {red, green, blue};
     }

@@ -30,10 +30,11 @@ struct FakePlant {
 
     void step(const std::string& call) {
         log.push_back(call);
-        if (const auto failure = failures.find(call); failure != failures.end())
-            throw RuntimeError(failure->second);
+        const auto failure = failures.find(call);
+        if (failure != failures.end()) throw RuntimeError(failure->second);
     }
-    void connectedStep(const std::string& call) {
+    void connectedStep(std::string call, const std::vector<std::string>& names = {}) {
+        for (const std::string& name : names) call += " " + name;
         step(call);
         if (state != opc::Running) throw RuntimeError(-2147467259, "Non connesso");
     }
@@ -45,177 +46,151 @@ struct FakePlant {
     }
 };
 
-class FakeOPCItem final : public OPCItem {
-public:
-    FakeOPCItem(FakePlant& plant, std::string itemID, std::int32_t clientHandle, int type)
-        : plant_(plant), itemID_(std::move(itemID)), clientHandle_(clientHandle), type_(type) {}
-    std::int32_t ClientHandle() const override { return clientHandle_; }
-    std::int32_t ServerHandle() const override { return 1000 + clientHandle_; }
-    std::string ItemID() const override { return itemID_; }
-    int CanonicalDataType() const override { return type_; }
+struct FakeOPCItem final : OPCItem {
+    FakeOPCItem(FakePlant& p, std::string id, std::int32_t handle, int type)
+        : plant(p), itemID(std::move(id)), clientHandle(handle), canonicalType(type) {}
+    std::int32_t ClientHandle() const override { return clientHandle; }
+    std::int32_t ServerHandle() const override { return 1000 + clientHandle; }
+    std::string ItemID() const override { return itemID; }
+    int CanonicalDataType() const override { return canonicalType; }
     void Write(const Variant& value) override {
-        plant_.connectedStep("Write " + itemID_);
-        plant_.written.emplace_back(itemID_, value);
+        plant.connectedStep("Write " + itemID);
+        plant.written.emplace_back(itemID, value);
     }
 
-private:
-    FakePlant& plant_;
-    std::string itemID_;
-    std::int32_t clientHandle_;
-    int type_;
+    FakePlant& plant;
+    std::string itemID;
+    std::int32_t clientHandle;
+    int canonicalType;
 };
 
-class FakeOPCItems final : public OPCItems {
-public:
-    explicit FakeOPCItems(FakePlant& plant) : plant_(plant) {}
+/// A group and its items.
+struct FakeOPCGroup final : OPCGroup, OPCItems {
+    explicit FakeOPCGroup(FakePlant& p) : plant(p) {}
+    velt::OPCItems& OPCItems() override { return *this; }
+    void IsSubscribed(bool subscribed) override {
+        plant.connectedStep("IsSubscribed " + std::to_string(subscribed));
+    }
     void DefaultIsActive(bool active) override {
-        plant_.connectedStep("Items.DefaultIsActive " + std::to_string(active));
+        plant.connectedStep("Items.DefaultIsActive " + std::to_string(active));
     }
     void ExpectItems(const std::vector<std::string>& itemIDs) override {
-        std::string call = "ExpectItems";
-        for (const std::string& id : itemIDs) call += " " + id;
-        plant_.connectedStep(call);
+        plant.connectedStep("ExpectItems", itemIDs);
     }
-    void ExpectationsDone() override { plant_.step("ExpectationsDone"); }
-    std::shared_ptr<OPCItem> AddItem(const std::string& itemID,
-                                     std::int32_t clientHandle) override {
-        plant_.connectedStep("AddItem " + itemID + " " + std::to_string(clientHandle));
-        const FakePlant::Leaf* leaf = plant_.leaf(itemID);
+    void ExpectationsDone() override { plant.step("ExpectationsDone"); }
+    std::shared_ptr<OPCItem> AddItem(const std::string& id, std::int32_t clientHandle) override {
+        plant.connectedStep("AddItem " + id + " " + std::to_string(clientHandle));
+        const FakePlant::Leaf* leaf = plant.leaf(id);
         if (!leaf || leaf->refused) return nullptr;
-        items_.push_back(std::make_shared<FakeOPCItem>(plant_, itemID, clientHandle, leaf->type));
-        return items_.back();
+        items.push_back(std::make_shared<FakeOPCItem>(plant, id, clientHandle, leaf->type));
+        return items.back();
     }
-    std::int32_t Count() const override { return static_cast<std::int32_t>(items_.size()); }
+    std::int32_t Count() const override { return static_cast<std::int32_t>(items.size()); }
     std::shared_ptr<OPCItem> Item(std::int32_t index) const override {
-        return items_.at(static_cast<std::size_t>(index - 1));
+        return items.at(static_cast<std::size_t>(index - 1));
     }
     std::shared_ptr<OPCItem> ItemOfClient(std::int32_t clientHandle) const override {
-        const auto found = std::ranges::find(items_, clientHandle, &OPCItem::ClientHandle);
-        return found == items_.end() ? nullptr : *found;
+        const auto found = std::ranges::find(items, clientHandle, &OPCItem::ClientHandle);
+        return found == items.end() ? nullptr : *found;
     }
     std::vector<std::int32_t> Remove(const std::vector<std::int32_t>& serverHandles) override {
-        plant_.step("Items.Remove " + std::to_string(serverHandles.size()));
-        std::erase_if(items_, [&](const auto& item) {
+        plant.step("Items.Remove " + std::to_string(serverHandles.size()));
+        std::erase_if(items, [&](const auto& item) {
             return std::ranges::count(serverHandles, item->ServerHandle()) > 0;
         });
         return std::vector<std::int32_t>(serverHandles.size(), 0);
     }
 
-private:
-    FakePlant& plant_;
-    std::vector<std::shared_ptr<OPCItem>> items_;
+    FakePlant& plant;
+    std::vector<std::shared_ptr<OPCItem>> items;
 };
 
-class FakeOPCGroup final : public OPCGroup {
-public:
-    explicit FakeOPCGroup(FakePlant& plant) : plant_(plant), items_(plant) {}
-    void IsSubscribed(bool subscribed) override {
-        plant_.connectedStep("IsSubscribed " + std::to_string(subscribed));
-    }
-    velt::OPCItems& OPCItems() override { return items_; }
-
-private:
-    FakePlant& plant_;
-    FakeOPCItems items_;
-};
-
-class FakeOPCGroups final : public OPCGroups {
-public:
-    explicit FakeOPCGroups(FakePlant& plant) : plant_(plant) {}
+struct FakeOPCGroups final : OPCGroups {
+    explicit FakeOPCGroups(FakePlant& p) : plant(p) {}
     void DefaultGroupIsActive(bool active) override {
-        plant_.connectedStep("DefaultGroupIsActive " + std::to_string(active));
+        plant.connectedStep("DefaultGroupIsActive " + std::to_string(active));
     }
     void DefaultGroupUpdateRate(int rate) override {
-        plant_.connectedStep("DefaultGroupUpdateRate " + std::to_string(rate));
+        plant.connectedStep("DefaultGroupUpdateRate " + std::to_string(rate));
     }
     std::shared_ptr<OPCGroup> Add(const std::string& name) override {
-        plant_.connectedStep("Groups.Add " + name);
+        plant.connectedStep("Groups.Add " + name);
         if (groups.contains(name)) throw RuntimeError(ErrorNumber::KeyInUse);
-        return groups[name] = std::make_shared<FakeOPCGroup>(plant_);
+        return groups[name] = std::make_shared<FakeOPCGroup>(plant);
     }
     void Remove(const std::string& name) override {
-        plant_.step("Groups.Remove " + name);
+        plant.step("Groups.Remove " + name);
         groups.erase(name);
     }
-    std::map<std::string, std::shared_ptr<FakeOPCGroup>> groups;
 
-private:
-    FakePlant& plant_;
+    FakePlant& plant;
+    std::map<std::string, std::shared_ptr<FakeOPCGroup>> groups;
 };
 
-class FakeOPCBrowser final : public OPCBrowser {
-public:
-    explicit FakeOPCBrowser(FakePlant& plant) : plant_(plant) {}
-    void MoveToRoot() override { plant_.connectedStep("MoveToRoot"); }
-    void MoveDown(const std::string& branch) override {
-        plant_.connectedStep("MoveDown " + branch);
-        branch_ = branch;
+struct FakeOPCBrowser final : OPCBrowser {
+    explicit FakeOPCBrowser(FakePlant& p) : plant(p) {}
+    void MoveToRoot() override { plant.connectedStep("MoveToRoot"); }
+    void MoveDown(const std::string& name) override {
+        plant.connectedStep("MoveDown " + name);
+        branch = name;
     }
     void ShowBranches() override {
-        plant_.connectedStep("ShowBranches");
-        names_.clear();
-        for (const auto& [name, leaves] : plant_.branches) names_.push_back(name);
+        plant.connectedStep("ShowBranches");
+        names.clear();
+        for (const auto& [name, leaves] : plant.branches) names.push_back(name);
     }
     void ShowLeafs() override {
-        plant_.connectedStep("ShowLeafs");
-        names_.clear();
-        for (const auto& [name, leaves] : plant_.branches)
-            if (name == branch_)
-                for (const FakePlant::Leaf& leaf : leaves) names_.push_back(leaf.name);
+        plant.connectedStep("ShowLeafs");
+        names.clear();
+        for (const auto& [name, leaves] : plant.branches)
+            for (const FakePlant::Leaf& leaf : leaves)
+                if (name == branch) names.push_back(leaf.name);
     }
-    std::int32_t Count() const override { return static_cast<std::int32_t>(names_.size()); }
+    std::int32_t Count() const override { return static_cast<std::int32_t>(names.size()); }
     std::string Item(std::int32_t index) const override {
-        return names_.at(static_cast<std::size_t>(index - 1));
+        return names.at(static_cast<std::size_t>(index - 1));
     }
     std::string GetItemID(const std::string& leaf) override {
-        plant_.connectedStep("GetItemID " + leaf);
-        return branch_ + "." + leaf;
+        plant.connectedStep("GetItemID " + leaf);
+        return branch + "." + leaf;
     }
 
-private:
-    FakePlant& plant_;
-    std::string branch_;
-    std::vector<std::string> names_;
+    FakePlant& plant;
+    std::string branch;
+    std::vector<std::string> names;
 };
 
-class FakeOPCServer final : public OPCServer {
-public:
-    explicit FakeOPCServer(FakePlant& plant) : plant_(plant), groups(plant) {}
-    int ServerState() const override { return plant_.state; }
+struct FakeOPCServer final : OPCServer {
+    explicit FakeOPCServer(FakePlant& p) : plant(p), groups(p) {}
+    int ServerState() const override { return plant.state; }
     void Connect(const std::string& progID, const std::optional<std::string>& node) override {
-        plant_.step("Connect " + progID + (node ? " on '" + *node + "'" : ""));
-        if (!plant_.reachable) throw RuntimeError(-2147023174, "Server non disponibile");
-        plant_.state = opc::Running;
+        plant.step("Connect " + progID + (node ? " on '" + *node + "'" : ""));
+        if (!plant.reachable) throw RuntimeError(-2147023174, "Server non disponibile");
+        plant.state = opc::Running;
     }
     void Disconnect() override {
-        plant_.step("Disconnect");
-        plant_.state = opc::Disconnected;
+        plant.step("Disconnect");
+        plant.state = opc::Disconnected;
     }
     velt::OPCGroups& OPCGroups() override { return groups; }
     std::unique_ptr<OPCBrowser> CreateBrowser() override {
-        plant_.connectedStep("CreateBrowser");
-        return std::make_unique<FakeOPCBrowser>(plant_);
+        plant.connectedStep("CreateBrowser");
+        return std::make_unique<FakeOPCBrowser>(plant);
     }
     void ExpectBranches(const std::vector<std::string>& branches) override {
-        std::string call = "ExpectBranches";
-        for (const std::string& branch : branches) call += " " + branch;
-        plant_.connectedStep(call);
+        plant.connectedStep("ExpectBranches", branches);
     }
     /// Without a notice: that comes, if at all, by ServerShutDown.
     void die() {
-        plant_.reachable = false;
-        plant_.state = opc::Disconnected;
+        plant.reachable = false;
+        plant.state = opc::Disconnected;
     }
 
-private:
-    FakePlant& plant_;
-
-public:
+    FakePlant& plant;
     FakeOPCGroups groups;
 };
 
-class FakeOPCServerFactory final : public OPCServerFactory {
-public:
+struct FakeOPCServerFactory final : OPCServerFactory {
     std::shared_ptr<OPCServer> create() override {
         plant.step("create");
         return server = std::make_shared<FakeOPCServer>(plant);

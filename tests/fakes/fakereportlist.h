@@ -15,29 +15,25 @@ struct ReportListRow {
     int changes = 0;  ///< of the sub-items
 };
 
-class FakeReportList final : public KeyedRows<ReportList, ReportListRow> {
-public:
-    void Add(const std::string& key, const std::string& text,
-             const std::string& smallIcon) override {
-        append({key, smallIcon, {text}});
+struct FakeReportList final : KeyedRows<ReportList, ReportListRow> {
+    void Add(const std::string& key, const std::string& text, const std::string& icon) override {
+        append({key, icon, {text}});
     }
     void SubItem(int row, int column, const std::string& text) override {
         ReportListRow& changed = elementAt(rows, row - 1);
         elementAt(changed.texts, column) = text;
         ++changed.changes;
     }
-    int SortKey() const override { return sortKey_; }
-    void SortKey(int column) override { sortKey_ = column; }
-    Order SortOrder() const override { return sortOrder_; }
-    void SortOrder(Order order) override { sortOrder_ = order; }
+    int SortKey() const override { return sortKey; }
+    void SortKey(int column) override { sortKey = column; }
+    Order SortOrder() const override { return sortOrder; }
+    void SortOrder(Order order) override { sortOrder = order; }
 
-private:
-    int sortKey_ = 0;
-    Order sortOrder_ = Order::Ascending;
+    int sortKey = 0;
+    Order sortOrder = Order::Ascending;
 };
 
-class FakeTextBox final : public TextBox {
-public:
+struct FakeTextBox final : TextBox {
     std::string Text() const override { return text; }
     std::string text;
 };

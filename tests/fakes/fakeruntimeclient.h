@@ -12,8 +12,7 @@
 
 namespace velt::fakes {
 
-class FakeRuntimeClient final : public RuntimeClient {
-public:
+struct FakeRuntimeClient final : RuntimeClient {
     explicit FakeRuntimeClient(std::vector<std::string>& callLog) : log(callLog) {}
 
     void ConnettiRuntime(const std::string& application, const std::string& hostname) override {
@@ -29,6 +28,10 @@ public:
     void DisconnettiRTU(const std::string& s) override { request("DisconnettiRTU " + s); }
     void DownloadRTU(const std::string& s) override { request("DownloadRTU " + s); }
     void DownloadTutte() override { request("DownloadTutte"); }
+    void request(const std::string& text) {
+        log.push_back(text);
+        if (!active) throw RuntimeError(ErrorNumber::ObjectNotSet);
+    }
     std::vector<std::string> ElencoRTU() const override { return stations; }
     bool RuntimeAttivo() const override {
         ++reads;
@@ -54,12 +57,6 @@ public:
     bool flickers = false;  ///< RuntimeAttivo is true at every other reading, first at the first
     bool refusesToConnect = false;
     mutable int reads = 0;  ///< of RuntimeAttivo
-
-private:
-    void request(const std::string& text) {
-        log.push_back(text);
-        if (!active) throw RuntimeError(ErrorNumber::ObjectNotSet);
-    }
 };
 
 struct FakeRuntimeClientFactory final : RuntimeClientFactory {

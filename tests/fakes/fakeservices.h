@@ -13,6 +13,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -25,35 +26,25 @@ struct FakeAmbient final : Ambient {
     std::string displayName = "Instance1";
 };
 
-class FakePropertyBag final : public PropertyBag {
-public:
-    using Value = std::variant<OleColor, std::string>;
-    OleColor ReadProperty(const std::string& key, OleColor fallback) const override {
-        return read(key, fallback);
-    }
-    std::string ReadProperty(const std::string& key, const std::string& fallback) const override {
-        return read(key, fallback);
-    }
-    void WriteProperty(const std::string& key, OleColor value, OleColor) override {
-        values[key] = value;
-        order.push_back(key);
-    }
-    void WriteProperty(const std::string& key, const std::string& value,
-                       const std::string&) override {
-        values[key] = value;
-        order.push_back(key);
-    }
-    std::map<std::string, Value> values;
-    mutable std::vector<std::string> order;  ///< keys in the order of their reading and writing
-
-private:
+struct FakePropertyBag final : PropertyBag {
+    using Key = const std::string&;
+    OleColor ReadProperty(Key key, OleColor other) const override { return read(key, other); }
+    std::string ReadProperty(Key key, Key other) const override { return read(key, other); }
+    void WriteProperty(Key key, OleColor value, OleColor) override { write(key, value); }
+    void WriteProperty(Key key, Key value, Key) override { write(key, value); }
     template <typename T>
-    T read(const std::string& key, const T& fallback) const {
+    T read(Key key, const T& other) const {
         order.push_back(key);
         const auto found = values.find(key);
         const T* held = found == values.end() ? nullptr : std::get_if<T>(&found->second);
-        return held ? *held : fallback;
+        return held ? *held : other;
     }
+    void write(Key key, std::variant<OleColor, std::string> value) {
+        order.push_back(key);
+        values[key] = std::move(value);
+    }
+    std::map<std::string, std::variant<OleColor, std::string>> values;
+    mutable std::vector<std::string> order;  ///< keys in the order of their reading and writing
 };
 
 struct FakeClock final : Clock {
@@ -80,32 +71,30 @@ struct FakeFileSystem final : clsFileSystem {
 };
 
 /// Files of sections of keys, shared by the settings objects made here.
-class FakeSettingsFactory final : public SettingsFactory {
-public:
+struct FakeSettingsFactory final : SettingsFactory {
     using Keys = std::map<std::string, std::string>;
+    std::unique_ptr<Settings> create() override { return std::make_unique<Object>(*this); }
+
     std::map<std::string, std::map<std::string, Keys>> files;
     int commits = 0;  ///< settings objects that wrote something
     FakeClock clock;
 
-    std::unique_ptr<Settings> create() override { return std::make_unique<Object>(*this); }
-
 private:
-    class Object final : public Settings {
-    public:
-        explicit Object(FakeSettingsFactory& factory) : factory_(factory) {}
-        ~Object() override { factory_.commits += wrote_ ? 1 : 0; }
-        std::string NomeFile() const override { return file_; }
-        void NomeFile(const std::string& path) override { file_ = path; }
-        std::string Sezione() const override { return section_; }
-        void Sezione(const std::string& section) override { section_ = section; }
+    struct Object final : Settings {
+        explicit Object(FakeSettingsFactory& f) : factory(f) {}
+        ~Object() override { factory.commits += wrote ? 1 : 0; }
+        std::string NomeFile() const override { return file; }
+        void NomeFile(const std::string& path) override { file = path; }
+        std::string Sezione() const override { return section; }
+        void Sezione(const std::string& name) override { section = name; }
         void ScriviStringa(const std::string& key, const std::string& value) override {
-            if (file_.empty()) return;
-            factory_.files[file_][section_][key] = value;
-            wrote_ = true;
+            if (file.empty()) return;
+            factory.files[file][section][key] = value;
+            wrote = true;
         }
         std::string LeggiStringa(const std::string& key, const std::string& fallback) override {
-            if (file_.empty()) return fallback;
-            const Keys& keys = factory_.files[file_][section_];
+            if (file.empty()) return fallback;
+            const Keys& keys = factory.files[file][section];
             const auto found = keys.find(key);
             return found == keys.end() ? fallback : found->second;
         }
@@ -113,31 +102,27 @@ private:
             ScriviStringa(key, conversions::text(value, Locale::italian()));
         }
         Date LeggiData(const std::string& key) override {
-            Date date = factory_.clock.now();
+            Date date = factory.clock.now();
             ignoreErrors(
                 [&] { date = conversions::toDate(LeggiStringa(key, ""), Locale::italian()); });
             return date;
         }
         std::int16_t LeggiIntero(const std::string& key, std::int16_t fallback) override {
             const auto number = conversions::plainInteger(LeggiStringa(key, ""));
-            return number && *number == static_cast<std::int16_t>(*number)
-                       ? static_cast<std::int16_t>(*number)
-                       : fallback;
+            const bool fits = number && std::in_range<std::int16_t>(*number);
+            return fits ? static_cast<std::int16_t>(*number) : fallback;
         }
         void ScriviIntero(const std::string& key, std::int16_t value) override {
             ScriviStringa(key, std::to_string(value));
         }
 
-    private:
-        FakeSettingsFactory& factory_;
-        std::string file_;
-        std::string section_;
-        bool wrote_ = false;
+        FakeSettingsFactory& factory;
+        std::string file, section;
+        bool wrote = false;
     };
 };
 
-class FakeServices : public Services {
-public:
+struct FakeServices : Services {
     SettingsFactory& settings() override { return settingsFactory; }
     clsDatabase& database() override { return fakeDatabase; }
     clsFileSystem& fileSystem() override { return files; }
@@ -146,11 +131,11 @@ public:
     Clock& clock() override { return settingsFactory.clock; }
     Dispatcher& dispatcher() override { return inlineDispatcher; }
     const Locale& locale() override { return italian; }
+    OPCServerFactory& opcServers() override { return opcFactory; }
     RuntimeClientFactory& runtimeClients() override {
         if (realRuntimes) return *realRuntimes;
         return runtimes;
     }
-    OPCServerFactory& opcServers() override { return opcFactory; }
 
     FakeSettingsFactory settingsFactory;
     FakeDatabase fakeDatabase;

@@ -21,128 +21,91 @@ auto& elementAt(Container& container, int index) {
     return container[static_cast<std::size_t>(index)];
 }
 
-class FakeLabel final : public Label {
-public:
-    std::string Caption() const override { return caption_; }
-    void Caption(const std::string& text) override { caption_ = text; }
-
-private:
-    std::string caption_;
+struct FakeLabel final : Label {
+    std::string Caption() const override { return caption; }
+    void Caption(const std::string& text) override { caption = text; }
+    std::string caption;
 };
 
-class FakeFrame final : public Frame {
-public:
+struct FakeFrame final : Frame {
     void BackColor(OleColor color) override { backColor = color; }
     void ForeColor(OleColor color) override { foreColor = color; }
-    OleColor backColor = 0;
-    OleColor foreColor = 0;
+    OleColor backColor = 0, foreColor = 0;
 };
 
-class FakeButton final : public Button {
-public:
-    bool Enabled() const override { return enabled_; }
-    void Enabled(bool enabled) override { enabled_ = enabled; }
+struct FakeButton final : Button {
+    bool Enabled() const override { return enabled; }
+    void Enabled(bool value) override { enabled = value; }
+    bool enabled = true;
     // The operator.
     void click() {
-        if (enabled_) Click.raise();
+        if (enabled) Click.raise();
     }
-
-private:
-    bool enabled_ = true;
 };
 
-class FakeCheckBox final : public CheckBox {
-public:
-    int Value() const override { return value_; }
+struct FakeCheckBox final : CheckBox {
+    int Value() const override { return checked; }
     void Value(int value) override {
-        if (value == value_) return;
-        value_ = value;
-        Click.raise();
+        if (std::exchange(checked, value) != value) Click.raise();
     }
+    int checked = 0;
     // The operator.
-    void toggle() { Value(1 - value_); }
-
-private:
-    int value_ = 0;
+    void toggle() { Value(1 - checked); }
 };
 
-class FakeDatePicker final : public DatePicker {
-public:
-    Date Value() const override { return value_; }
-    void Value(const Date& value) override { value_ = value; }
+struct FakeDatePicker final : DatePicker {
+    Date Value() const override { return date; }
+    void Value(const Date& value) override { date = value; }
+    Date date;
     // The operator.
     void edit(const Date& value) {
-        value_ = value;
+        date = value;
         Change.raise();
     }
-
-private:
-    Date value_;
 };
 
-class FakeComboBox final : public ComboBox {
-public:
+struct FakeComboBox final : ComboBox {
     void Clear() override {
-        entries_.clear();
-        index_ = -1;
+        entries.clear();
+        selected = -1;
     }
-    void AddItem(const std::string& text) override { entries_.push_back(text); }
-    int ListCount() const override { return static_cast<int>(entries_.size()); }
-    std::string List(int index) const override { return elementAt(entries_, index); }
-    int ListIndex() const override { return index_; }
+    void AddItem(const std::string& text) override { entries.push_back(text); }
+    int ListCount() const override { return static_cast<int>(entries.size()); }
+    std::string List(int index) const override { return elementAt(entries, index); }
+    int ListIndex() const override { return selected; }
     void ListIndex(int index) override {
-        if (index != -1) elementAt(entries_, index);
-        index_ = index;
+        if (index != -1) elementAt(entries, index);
+        selected = index;
         Click.raise();
     }
-    std::string Text() const override { return index_ < 0 ? "" : List(index_); }
-
-private:
-    std::vector<std::string> entries_;
-    int index_ = -1;
-};
-
-class FakeListBox final : public ListBox {
-public:
-    struct Row {
-        std::string text;
-        bool selected = false;
-    };
-    int ListCount() const override { return static_cast<int>(rows.size()); }
-    std::string List(int index) const override { return elementAt(rows, index).text; }
-    bool Selected(int index) const override { return elementAt(rows, index).selected; }
-    std::vector<Row> rows;
+    std::string Text() const override { return selected < 0 ? "" : List(selected); }
+    std::vector<std::string> entries;
+    int selected = -1;
 };
 
 /// What a list of rows with keys does, whatever else its rows hold.
 template <typename List, typename Row>
-class KeyedRows : public List {
-public:
+struct KeyedRows : List {
     void Clear() override {
         rows.clear();
-        rowOf_.clear();
+        rowOf.clear();
         selected = 0;
     }
     int Count() const override { return static_cast<int>(rows.size()); }
     std::string Key(int row) const override { return elementAt(rows, row - 1).key; }
     int RowOf(const std::string& key) const override {
-        const auto found = rowOf_.find(key);
-        return found == rowOf_.end() ? 0 : found->second;
+        const auto found = rowOf.find(key);
+        return found == rowOf.end() ? 0 : found->second;
     }
     int SelectedItem() const override { return selected; }
-
-    std::vector<Row> rows;
-    int selected = 0;
-
-protected:
     void append(Row row) {
-        if (!row.key.empty() && !rowOf_.emplace(row.key, Count() + 1).second)
+        if (!row.key.empty() && !rowOf.emplace(row.key, Count() + 1).second)
             throw RuntimeError(ErrorNumber::KeyInUse);
         rows.push_back(std::move(row));
     }
-
-private:
-    std::unordered_map<std::string, int> rowOf_;
+    std::vector<Row> rows;
+    std::unordered_map<std::string, int> rowOf;
+    int selected = 0;
 };
 
 struct ListViewRow {
@@ -151,8 +114,7 @@ struct ListViewRow {
     bool checked = false;
 };
 
-class FakeListView final : public KeyedRows<ListView, ListViewRow> {
-public:
+struct FakeListView final : KeyedRows<ListView, ListViewRow> {
     void Add(const std::string& key, const std::string& text) override { append({key, text}); }
     std::string Text(int row) const override { return elementAt(rows, row - 1).text; }
     bool Checked(int row) const override { return elementAt(rows, row - 1).checked; }
@@ -167,16 +129,16 @@ public:
     // The operator.
     void select(int row) { selected = row; }
     void doubleClick(int row) {
-        selected = row;
+        select(row);
         DblClick.raise();
         ItemActivate.raise();
     }
     void click(int row) {
-        selected = row;
+        select(row);
         Click.raise();
     }
     void activate(int row) {
-        selected = row;
+        select(row);
         ItemActivate.raise();
     }
 };
@@ -221,67 +183,50 @@ private:
     std::int32_t position_ = 0;
 };
 
-class FakeDataGrid final : public DataGrid {
-public:
-    explicit FakeDataGrid(FakeDataControl& data) : data_(data) {}
+struct FakeDataGrid final : DataGrid {
+    explicit FakeDataGrid(FakeDataControl& d) : data(d) {}
     void Visible(bool value) override { visible = value; }
-    void AllowRowSizing(bool allow) override { rowSizing = allow; }
-    void Locked(bool value) override { locked = value; }
-    void FontSize(int points) override { fontSize = points; }
-    void HeadFont(int points, bool bold) override { headFont = {points, bold}; }
+    void AllowRowSizing(bool allow) override { looks.push_back(allow ? 1 : 0); }
+    void Locked(bool locked) override { looks.push_back(locked ? 1 : 0); }
+    void FontSize(int points) override { looks.push_back(points); }
+    void HeadFont(int points, bool bold) override { looks.insert(looks.end(), {points, bold}); }
     void ReBind() override {
-        columns_.clear();
-        const auto rows = data_.rows();
+        columns.clear();
+        const auto rows = data.rows();
         for (std::size_t i = 0; rows && i < rows->columnCount(); ++i)
-            columns_.push_back({rows->columnName(i), DefaultWidth});
+            columns.emplace_back(rows->columnName(i), DefaultWidth);
     }
-    int ColumnCount() const override { return static_cast<int>(columns_.size()); }
-    std::string ColumnCaption(int column) const override {
-        return elementAt(columns_, column).caption;
+    int ColumnCount() const override { return static_cast<int>(columns.size()); }
+    std::string ColumnCaption(int i) const override { return elementAt(columns, i).first; }
+    void ColumnCaption(int i, const std::string& text) override {
+        elementAt(columns, i).first = text;
     }
-    void ColumnCaption(int column, const std::string& caption) override {
-        elementAt(columns_, column).caption = caption;
-    }
-    double ColumnWidth(int column) const override { return elementAt(columns_, column).width; }
-    void ColumnWidth(int column, double twips) override {
-        elementAt(columns_, column).width = twips;
-    }
+    double ColumnWidth(int i) const override { return elementAt(columns, i).second; }
+    void ColumnWidth(int i, double twips) override { elementAt(columns, i).second = twips; }
     // The operator.
     void drag(int column, double twips) {
-        elementAt(columns_, column).width = twips;
+        ColumnWidth(column, twips);
         ColResize.raise(column);
     }
 
     static constexpr double DefaultWidth = 1500;
+    FakeDataControl& data;
     bool visible = false;
-    bool rowSizing = true;
-    bool locked = false;
-    int fontSize = 0;
-    std::pair<int, bool> headFont;
-
-private:
-    struct Column {
-        std::string caption;
-        double width;
-    };
-    FakeDataControl& data_;
-    std::vector<Column> columns_;
+    std::vector<int> looks;  ///< what sizing, lock and fonts were set to, in this order
+    std::vector<std::pair<std::string, double>> columns;  ///< caption and width
 };
 
-class FakeTimer final : public Timer {
-public:
-    int Interval() const override { return interval_; }
-    void Interval(int milliseconds) override { interval_ = milliseconds; }
-    bool Enabled() const override { return enabled_; }
-    void Enabled(bool enabled) override { enabled_ = enabled; }
+struct FakeTimer final : Timer {
+    int Interval() const override { return interval; }
+    void Interval(int milliseconds) override { interval = milliseconds; }
+    bool Enabled() const override { return enabled; }
+    void Enabled(bool value) override { enabled = value; }
+    int interval = 0;
+    bool enabled = false;
     // The passing of time.
     void fire() {
-        if (enabled_) Tick.raise();
+        if (enabled) Tick.raise();
     }
-
-private:
-    int interval_ = 0;
-    bool enabled_ = false;
 };
 
 struct FakeListColumns final : ListColumns {
@@ -307,8 +252,7 @@ public:
 
 private:
     static int size(int twips) {
-        if (twips < 0) throw RuntimeError(ErrorNumber::InvalidCall);
-        return twips;
+        return twips < 0 ? throw RuntimeError(ErrorNumber::InvalidCall) : twips;
     }
     int left_, top_, width_, height_;
 };
@@ -321,34 +265,25 @@ struct FakeSurface final : Surface {
     void Height(int twips) override { height = twips; }
     int ScaleWidth() const override { return width - border; }
     int ScaleHeight() const override { return height - border; }
-    int width = 9435;
-    int height = 4110;
-    int border = 0;
+    int width = 9435, height = 4110, border = 0;
 };
 
-class FakeColorLabel final : public ColorLabel {
-public:
-    OleColor BackColor() const override { return color_; }
-    void BackColor(OleColor color) override { color_ = color; }
+struct FakeColorLabel final : ColorLabel {
+    OleColor BackColor() const override { return color; }
+    void BackColor(OleColor value) override { color = value; }
+    OleColor color = 0;
     // The operator.
     void click() { Click.raise(); }
     void doubleClick() { DblClick.raise(); }
-
-private:
-    OleColor color_ = 0;
 };
 
-class FakeMarker final : public Marker {
-public:
-    bool Visible() const override { return visible_; }
-    void Visible(bool visible) override { visible_ = visible; }
-
-private:
-    bool visible_ = false;
+struct FakeMarker final : Marker {
+    bool Visible() const override { return visible; }
+    void Visible(bool value) override { visible = value; }
+    bool visible = false;
 };
 
-class FakeColorDialog final : public ColorDialog {
-public:
+struct FakeColorDialog final : ColorDialog {
     std::optional<OleColor> ShowColor(OleColor color) override {
         preset = color;
         if (failure) throw RuntimeError(*failure);
@@ -359,8 +294,7 @@ public:
     std::optional<RuntimeError> failure;
 };
 
-class FakePointer final : public Pointer {
-public:
+struct FakePointer final : Pointer {
     void MousePointer(int shape) override { shapes.push_back(shape); }
     std::vector<int> shapes;
 };

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "framework/propertypage.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include <utility>
-#include <vector>
+#include <map>
 
 namespace velt {
 namespace {
-
-using testing::ElementsAre;
 
 struct FakeEditBox final : EditBox {
     std::string Text() const override { return text; }
@@ -19,40 +16,41 @@ struct FakeEditBox final : EditBox {
 
 struct FakeFileDialog final : FileDialog {
     std::string ShowOpen(const std::string& title, const std::string& filter) override {
-        asked.push_back(title + "|" + filter);
+        asked = title + "|" + filter;
         return answer;
     }
-    std::string answer;
-    std::vector<std::string> asked;
+    std::string answer, asked;
 };
 
-TEST(PropertyPage, BrowsingReplacesTheTextUnlessCancelled) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"AlarmViewer", "Seleziona il file Allarmi|File MDB (*.mdb)|*.mdb"},
-        {"TrendViewer",
-         "Seleziona il file di configurazione|File VeltRTU.ini (VeltRTU.ini)|VeltRTU.ini"},
-    };
-    for (const auto& [control, sourceDialog] : cases) {
-        FakeEditBox source;
-        FakeEditBox ini;
-        BrowseButton browseSource;
-        BrowseButton browseIni;
-        FakeFileDialog dialog;
-        const PropertyPage page(*propertyPageOf(control),
-                                {source, ini, browseSource, browseIni, dialog});
-        source.Text("old");
-        browseSource.Click.raise();
-        EXPECT_EQ(source.Text(), "old") << "cancelled";
-        dialog.answer = "chosen";
-        browseSource.Click.raise();
-        browseIni.Click.raise();
-        EXPECT_EQ(source.Text(), "chosen");
-        EXPECT_EQ(ini.Text(), "chosen");
-        EXPECT_THAT(dialog.asked, ElementsAre(sourceDialog, sourceDialog,
-                                              "Seleziona il file INI|File INI (*.ini)|*.ini|"
-                                              "Tutti i file (*.*)|*.*"));
+struct FakeControls final : SelectedControls {
+    int Count() const override { return 2; }
+    std::string Property(int i, const std::string& name) const override { return all[i].at(name); }
+    void Property(int i, const std::string& name, const std::string& value) override {
+        all[i][name] = value;
     }
-    EXPECT_FALSE(propertyPageOf("OPCViewer")->browses());
+    std::map<std::string, std::string> all[2] = {{{"File", "1"}, {"FileIni", "2"}}, {}};
+};
+
+TEST(PropertyPage, BrowsesAndWritesToTheFirstControlAlone) {
+    FakeEditBox source, ini;
+    BrowseButton browseSource, browseIni;
+    FakeFileDialog dialog;
+    FakeControls controls;
+    PropertyPage page(*propertyPageOf("AlarmViewer"),
+                      {source, ini, browseSource, browseIni, dialog});
+    page.SelectionChanged(controls);
+    browseSource.Click.raise();
+    EXPECT_EQ(dialog.asked, "Seleziona il file Allarmi|File MDB (*.mdb)|*.mdb");
+    EXPECT_EQ(source.text, "1") << "cancelled";
+    dialog.answer = "chosen";
+    browseIni.Click.raise();
+    EXPECT_EQ(dialog.asked, "Seleziona il file INI|File INI (*.ini)|*.ini|Tutti i file (*.*)|*.*");
+    page.ApplyChanges(controls);
+    EXPECT_EQ(controls.all[0],
+              (std::map<std::string, std::string>{{"File", "1"}, {"FileIni", "chosen"}}));
+    EXPECT_TRUE(controls.all[1].empty());
+    EXPECT_EQ(propertyPageOf("TrendViewer")->browseFilter,
+              "File VeltRTU.ini (VeltRTU.ini)|VeltRTU.ini");
     EXPECT_EQ(propertyPageOf("QPushButton"), nullptr);
 }
 

@@ -1,33 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/jet/textcodec.h"
 
-#include "adapters/access/jet/windows1252.h"
+#include "platform/characters.h"
 
-#include <algorithm>
+#include <cstring>
 
 namespace velt::jet {
 namespace {
-
-constexpr char32_t Replacement = 0xFFFD;
-
-void appendUtf8(char32_t c, std::string& out) {
-    const auto put = [&out](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    if (c < 0x80) {
-        put(c);
-    } else if (c < 0x800) {
-        put(0xC0 | c >> 6);
-        put(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        put(0xE0 | c >> 12);
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    } else {
-        put(0xF0 | c >> 18);
-        put(0x80 | (c >> 12 & 0x3F));
-        put(0x80 | (c >> 6 & 0x3F));
-        put(0x80 | (c & 0x3F));
-    }
-}
 
 std::string_view asText(Bytes bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -50,10 +29,10 @@ public:
         if (u >= 0xD800 && u < 0xDC00)
             high_ = u;
         else
-            appendUtf8(u >= 0xDC00 && u < 0xE000 ? Replacement : u, out_);
+            appendUtf8(u >= 0xDC00 && u < 0xE000 ? ReplacementCharacter : u, out_);
     }
     void end() {
-        if (high_ != 0) appendUtf8(Replacement, out_);
+        if (high_ != 0) appendUtf8(ReplacementCharacter, out_);
         high_ = 0;
     }
 
@@ -65,7 +44,7 @@ private:
 void decodePlainUtf16(Bytes stored, Utf16Sink& sink) {
     std::size_t i = 0;
     for (; i + 1 < stored.size(); i += 2) sink.unit(u16At(&stored[i]));
-    if (i < stored.size()) sink.unit(static_cast<char16_t>(Replacement));
+    if (i < stored.size()) sink.unit(static_cast<char16_t>(ReplacementCharacter));
 }
 
 /// One byte per character; each 0 byte switches to UTF-16 and back.
@@ -82,27 +61,10 @@ void decodeCompressed(Bytes stored, Utf16Sink& sink) {
             sink.unit(u16At(&stored[i]));
             i += 2;
         } else {
-            sink.unit(static_cast<char16_t>(Replacement));
+            sink.unit(static_cast<char16_t>(ReplacementCharacter));
             ++i;
         }
     }
-}
-
-bool isLatinCapital(unsigned char lead, unsigned char trail) {
-    return lead == 0xC3 && trail >= 0x80 && trail <= 0x9E && trail != 0x97;
-}
-
-/// The name with its Latin capitals made small, byte by byte (both cases are equally long).
-std::string folded(std::string_view name) {
-    std::string result(name);
-    for (std::size_t i = 0; i < result.size(); ++i) {
-        const auto c = static_cast<unsigned char>(result[i]);
-        const bool capital =
-            (c >= 'A' && c <= 'Z') ||
-            (i > 0 && isLatinCapital(static_cast<unsigned char>(result[i - 1]), c));
-        if (capital) result[i] = static_cast<char>(c + 0x20);
-    }
-    return result;
 }
 
 }  // namespace
@@ -111,7 +73,7 @@ std::string_view decodeText(Bytes stored, TextEncoding encoding, std::string& bu
     if (encoding == TextEncoding::Windows1252) {
         if (isPlain(stored)) return asText(stored);
         buffer.clear();
-        for (const std::uint8_t byte : stored) appendUtf8(windows1252ToUnicode(byte), buffer);
+        for (const std::uint8_t byte : stored) appendUtf8(fromWindows1252(byte), buffer);
         return buffer;
     }
     const bool compressed = stored.size() >= 2 && stored[0] == 0xFF && stored[1] == 0xFE;
@@ -151,7 +113,7 @@ bool isPlain(Bytes bytes) {
 }
 
 bool sameName(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && folded(a) == folded(b);
+    return a.size() == b.size() && foldLatin(a) == foldLatin(b);
 }
 
 }  // namespace velt::jet

@@ -12,8 +12,7 @@ namespace velt::jet {
 enum class TextEncoding { Windows1252, Utf16 };
 
 /// Stored text as UTF-8. The view is into `stored` where its bytes are UTF-8 already, otherwise
-/// into `buffer`. Unpaired surrogates, a cut last unit and unused bytes of Windows-1252 become
-/// U+FFFD.
+/// into `buffer`. Unpaired surrogates and a cut last unit become U+FFFD.
 [[nodiscard]] std::string_view decodeText(Bytes stored, TextEncoding encoding, std::string& buffer);
 [[nodiscard]] std::string decodeText(Bytes stored, TextEncoding encoding);
 

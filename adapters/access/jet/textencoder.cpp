@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/jet/textencoder.h"
 
-#include "adapters/access/jet/windows1252.h"
+#include "platform/characters.h"
 #include "platform/runtimeerror.h"
 
 #include <algorithm>
@@ -10,33 +10,13 @@
 namespace velt::jet {
 namespace {
 
-constexpr char32_t Replacement = 0xFFFD;
 constexpr char16_t ByteOrderMark = 0xFEFF;
 // Compressed text carries a mark of two bytes: it pays from three characters on.
 constexpr std::size_t FewestCompressed = 3;
 
-/// Takes one character off the front; a byte that begins none is taken as U+FFFD.
+/// What begins no character is taken as U+FFFD, byte by byte.
 char32_t takeCharacter(std::string_view& text) {
-    const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned lead = byte(0);
-    std::size_t length = 1;
-    char32_t c = lead;
-    char32_t smallest = 0;
-    if (lead >= 0xF0 && lead < 0xF8) {
-        length = 4, c = lead & 0x07, smallest = 0x10000;
-    } else if (lead >= 0xE0) {
-        length = 3, c = lead & 0x0F, smallest = 0x800;
-    } else if (lead >= 0xC0) {
-        length = 2, c = lead & 0x1F, smallest = 0x80;
-    }
-    bool valid = (lead < 0x80 || lead >= 0xC0) && lead < 0xF8 && text.size() >= length;
-    for (std::size_t i = 1; valid && i < length; ++i) {
-        valid = (byte(i) & 0xC0) == 0x80;
-        c = c << 6 | (byte(i) & 0x3F);
-    }
-    valid = valid && c >= smallest && c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF);
-    text.remove_prefix(valid ? length : 1);
-    return valid ? c : Replacement;
+    return takeUtf8(text).value_or(ReplacementCharacter);
 }
 
 std::u16string toUtf16(std::string_view text) {
@@ -56,7 +36,7 @@ std::u16string toUtf16(std::string_view text) {
 std::size_t appendWindows1252(std::string_view text, std::vector<std::uint8_t>& out) {
     std::size_t count = 0;
     for (; !text.empty(); ++count) {
-        const auto byte = unicodeToWindows1252(takeCharacter(text));
+        const auto byte = toWindows1252(takeCharacter(text));
         if (!byte)
             throw RuntimeError(ErrorNumber::TypeMismatch,
                                "Il testo contiene un carattere che il formato non prevede");
