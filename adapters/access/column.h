@@ -62,8 +62,10 @@ public:
     [[nodiscard]] double number(std::size_t row) const { return numbers_[row]; }
     /// Of a Text column, not null. Valid as long as the column.
     [[nodiscard]] std::string_view text(std::size_t row) const {
-        return dictionary_->text(ids_[row] - 1);
+        return dictionary_->text(textId(row));
     }
+    /// Its number in the dictionary.
+    [[nodiscard]] std::uint32_t textId(std::size_t row) const { return ids_[row] - 1; }
     [[nodiscard]] Variant value(std::size_t row) const;
     /// Empty for a Text column.
     [[nodiscard]] std::span<const double> numbers() const { return numbers_; }

@@ -3,11 +3,11 @@
 
 #include "adapters/access/collation.h"
 #include "adapters/access/queryerror.h"
+#include "adapters/access/textorder.h"
 #include "adapters/access/timeline.h"
 #include "adapters/access/tokenmatcher.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace velt::access {
@@ -15,14 +15,10 @@ namespace {
 
 void appendTexts(const Column& source, bool descending, Column& target) {
     const TextDictionary& texts = source.dictionary();
-    std::vector<std::uint32_t> ids(texts.size());
-    std::iota(ids.begin(), ids.end(), 0U);
-    const auto compare = [&](std::uint32_t a, std::uint32_t b) {
-        return compareText(texts.text(a), texts.text(b));
+    std::vector<std::uint32_t> ids = textOrder(texts);
+    const auto same = [&texts](std::uint32_t a, std::uint32_t b) {
+        return compareText(texts.text(a), texts.text(b)) == 0;
     };
-    std::ranges::stable_sort(ids,
-                             [&](std::uint32_t a, std::uint32_t b) { return compare(a, b) < 0; });
-    const auto same = [&](std::uint32_t a, std::uint32_t b) { return compare(a, b) == 0; };
     ids.erase(std::unique(ids.begin(), ids.end(), same), ids.end());
     if (descending) std::ranges::reverse(ids);
     for (const std::uint32_t id : ids) target.append(texts.text(id));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/access/tablesnapshot.h"
 
+#include "adapters/access/textorder.h"
 #include "platform/runtimeerror.h"
 
 #include <algorithm>
@@ -35,22 +36,29 @@ FieldType fieldType(const jet::Column& column) {
 TableSnapshot::TableSnapshot(std::vector<Column> columns, std::size_t rowCount, int orderColumn,
                              bool descending)
     : columns_(std::move(columns)), rowCount_(rowCount) {
-    if (orderColumn >= 0) sort(column(orderColumn), descending);
+    if (orderColumn < 0) return;
+    const Column& keys = column(orderColumn);
+    constexpr double null = -std::numeric_limits<double>::infinity();  // before everything
+    if (keys.type() == FieldType::Text) {
+        const std::vector<std::uint32_t> ranks = textRanks(keys.dictionary());
+        sort([&](std::size_t row) { return keys.isNull(row) ? null : ranks[keys.textId(row)]; },
+             descending);
+    } else {
+        sort([&](std::size_t row) { return keys.isNull(row) ? null : keys.number(row); },
+             descending);
+    }
 }
 
-void TableSnapshot::sort(const Column& dates, bool descending) {
-    constexpr double beforeAll = -std::numeric_limits<double>::infinity();
-    const auto key = [&dates](std::size_t row) {
-        return dates.isNull(row) ? beforeAll : dates.number(row);
-    };
+template <typename Key>
+void TableSnapshot::sort(const Key& key, bool descending) {
     const auto before = [descending](double a, double b) { return descending ? a > b : a < b; };
     bool sorted = true;
     for (std::size_t row = 1; row < rowCount_ && sorted; ++row)
         sorted = !before(key(row), key(row - 1));
     if (sorted) return;
+
     if (rowCount_ > std::numeric_limits<std::uint32_t>::max())
         throw RuntimeError(ErrorNumber::Overflow);
-
     struct Entry {
         double key;
         std::uint32_t row;

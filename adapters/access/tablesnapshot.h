@@ -29,13 +29,14 @@ struct Selection {
 
     std::vector<bool> columns;  ///< by index in the table; the others are not read
     std::optional<DateRange> range;
-    int orderColumn = -1;  ///< a date column that is among `columns`; -1: as they lie in the file
+    int orderColumn = -1;  ///< one of `columns`; -1: as they lie in the file
     bool descending = false;
     friend bool operator==(const Selection&, const Selection&) = default;
 };
 
-/// The wanted rows and columns of a table in the wanted order: null before every date, rows of
-/// equal dates as they lie in the file. Dates are days of the timeline.
+/// The wanted rows and columns of a table in the wanted order: null before everything, rows
+/// of equal values as they lie in the file. Dates are days of the timeline, texts are ordered by
+/// compareText().
 class TableSnapshot {
 public:
     /// `columns` by index in the table; `orderColumn` as in Selection.
@@ -52,7 +53,9 @@ public:
     }
 
 private:
-    void sort(const Column& dates, bool descending);
+    /// `key` gives a row's number to sort by.
+    template <typename Key>
+    void sort(const Key& key, bool descending);
 
     std::vector<Column> columns_;
     std::vector<std::uint32_t> order_;  ///< empty when the rows lie in the wanted order

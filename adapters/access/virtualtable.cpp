@@ -142,10 +142,9 @@ void planRange(const VirtualTable& table, sqlite3_index_info& info, Plan& plan) 
     }
 }
 
-void planOrder(const VirtualTable& table, sqlite3_index_info& info, Plan& plan) {
+void planOrder(sqlite3_index_info& info, Plan& plan) {
     if (info.nOrderBy != 1 || info.aOrderBy[0].iColumn < 0) return;
     const int column = info.aOrderBy[0].iColumn;
-    if (fieldType(table.column(column)) != FieldType::Date) return;
     plan.selection.orderColumn = column;
     plan.selection.columns[static_cast<std::size_t>(column)] = true;
     plan.selection.descending = info.aOrderBy[0].desc != 0;
@@ -161,7 +160,7 @@ int bestIndex(sqlite3_vtab* virtualTable, sqlite3_index_info* info) {
         for (std::size_t i = 0; i < plan.selection.columns.size(); ++i)
             plan.selection.columns[i] = (info->colUsed >> std::min<std::size_t>(i, 63) & 1U) != 0;
         planRange(self, *info, plan);
-        planOrder(self, *info, plan);
+        planOrder(*info, plan);
         // Every scan reads the whole file; a range only spares work behind the reading. So a range
         // is preferred to none, but never two scans to one.
         const double rows = 1.0 + self.reader.table().statedRows();

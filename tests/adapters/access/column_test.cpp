@@ -20,20 +20,19 @@ TEST(PackedIds, WidenAsTheyMust) {
 
 TEST(TextDictionary, NumbersEveryTextOnceAndKeepsItInPlace) {
     TextDictionary dictionary;
-    ASSERT_EQ(dictionary.intern("first"), 0U);
-    const char* const place = dictionary.text(0).data();
-    for (std::uint32_t i = 1; i < 100'000; ++i)
-        ASSERT_EQ(dictionary.intern("text " + std::to_string(i)), i);
     const std::string large(1'000'000, 'x');
+    const char* place = nullptr;
     for (int pass = 0; pass < 2; ++pass) {
-        EXPECT_EQ(dictionary.intern("text 4711"), 4711U);
-        EXPECT_EQ(dictionary.intern(large), 100'000U);
-        EXPECT_EQ(dictionary.intern(""), 100'001U);
+        EXPECT_EQ(dictionary.intern(large), 0U);
+        if (pass == 0) place = dictionary.text(0).data();
+        for (std::uint32_t i = 1; i < 100'000; ++i)
+            ASSERT_EQ(dictionary.intern("text " + std::to_string(i)), i);
+        EXPECT_EQ(dictionary.intern(""), 100'000U);
     }
-    EXPECT_EQ(dictionary.text(0).data(), place);
     dictionary.freeze();
+    EXPECT_EQ(dictionary.text(0).data(), place);
+    EXPECT_EQ(dictionary.text(0), large);
     EXPECT_EQ(dictionary.text(99'999), "text 99999");
-    EXPECT_EQ(dictionary.text(100'000), large);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Statements and files that are at fault, and statements that mean harm.
 #include "tests/adapters/access/accessfile.h"
+#include "tests/filebytes.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,6 +33,8 @@ protected:
 };
 
 TEST_F(QueryError, NumbersAndDescriptions) {
+    file_.addTable("Storta", {{"Data", jet::ColumnType::Text, 50}, {"VRX", jet::ColumnType::Long}},
+                   {{"14/03/2006", std::int32_t{1}}, {Null{}, Null{}}});
     struct Case {
         std::string statement;
         int number;
@@ -57,32 +60,16 @@ TEST_F(QueryError, NumbersAndDescriptions) {
         {"SELECT TOP 1 a FROM t UNION SELECT a FROM t", Syntax, "UNION"},
         {std::string("SELECT 'a\0b' FROM t", 19), Syntax, "stringa non chiusa"},
         {std::string("SELECT a\0 FROM t", 16), Syntax, "carattere non ammesso"},
-        {"SELECT VRX FROM Allarmi WHERE Data = 'ieri'", Mismatch, "\"Data\""},
         {"SELECT VRX FROM Allarmi WHERE VRX LIKE '[a'", 93},
         {"SELECT Mid(VRX, 0) FROM Allarmi WHERE VRX = 'RTU01'", 5},
-    };
-    for (const Case& c : cases) {
-        const RuntimeError error = file_.error(c.statement);
-        EXPECT_EQ(error.Number(), c.number) << c.statement << ": " << error.Description();
-        EXPECT_THAT(error.Description(), HasSubstr(c.part)) << c.statement;
-    }
-}
-
-TEST_F(QueryError, ComparingKindsThatDoNotMatch) {
-    file_.addTable("Storta", {{"Data", jet::ColumnType::Text, 50}, {"VRX", jet::ColumnType::Long}},
-                   {{"14/03/2006", std::int32_t{1}}, {Null{}, Null{}}});
-    for (const char* statement :
-         {"SELECT * FROM Storta WHERE Data >= #2006-03-14#",
-          "SELECT * FROM Storta WHERE VRX = 'RTU01'",
-          "SELECT * FROM Storta WHERE Data BETWEEN #2006-03-14# AND #2006-03-15#",
-          "SELECT * FROM Allarmi WHERE VRX <> 5", "SELECT * FROM Allarmi WHERE Data > 'a' & 'b'"})
-        EXPECT_EQ(file_.error(statement).Number(), Mismatch) << statement;
-    EXPECT_THAT(file_.texts("SELECT VRX FROM Storta WHERE Data = '14/03/2006'"), ElementsAre("1"));
-}
-
-TEST_F(QueryError, NothingButSelectOverTheTablesIsAllowed) {
-    const auto before = std::filesystem::file_size(file_.path());
-    const std::pair<const char*, int> cases[] = {
+        // Kinds that do not match.
+        {"SELECT VRX FROM Allarmi WHERE Data = 'ieri'", Mismatch, "\"Data\""},
+        {"SELECT * FROM Storta WHERE Data >= #2006-03-14#", Mismatch},
+        {"SELECT * FROM Storta WHERE VRX = 'RTU01'", Mismatch},
+        {"SELECT * FROM Storta WHERE Data BETWEEN #2006-03-14# AND #2006-03-15#", Mismatch},
+        {"SELECT * FROM Allarmi WHERE VRX <> 5", Mismatch},
+        {"SELECT * FROM Allarmi WHERE Data > 'a' & 'b'", Mismatch},
+        // Nothing but SELECT over the tables.
         {"ATTACH 'altro.db' AS x", Unsupported},
         {"UPDATE Allarmi SET VRX = ''", Unsupported},
         {"SELECT * FROM sqlite_master", UnknownTable},
@@ -93,9 +80,14 @@ TEST_F(QueryError, NothingButSelectOverTheTablesIsAllowed) {
         {"SELECT * FROM Allarmi IN 'altro.mdb'", Syntax},
         {"SELECT * FROM Allarmi -- '\n; DROP TABLE Allarmi", Syntax},
     };
-    for (const auto& [statement, number] : cases)
-        EXPECT_EQ(file_.error(statement).Number(), number) << statement;
-    EXPECT_EQ(std::filesystem::file_size(file_.path()), before);
+    const std::string before = test::bytesOf(file_.path());
+    for (const Case& c : cases) {
+        const RuntimeError error = file_.error(c.statement);
+        EXPECT_EQ(error.Number(), c.number) << c.statement << ": " << error.Description();
+        EXPECT_THAT(error.Description(), HasSubstr(c.part)) << c.statement;
+    }
+    EXPECT_EQ(test::bytesOf(file_.path()), before);
+    EXPECT_THAT(file_.texts("SELECT VRX FROM Storta WHERE Data = '14/03/2006'"), ElementsAre("1"));
 }
 
 TEST_F(QueryError, LimitsOfLengthAndDepth) {
@@ -127,36 +119,25 @@ std::string endless() {
     return "SELECT Count(*) FROM " + tables + " WHERE a0.Data + a11.Data < 0";
 }
 
-TEST_F(QueryError, EndlessQueryEndsAtItsTimeLimitAndWhenStopped) {
-    QueryLimits limits;
-    limits.runTime = std::chrono::milliseconds(50);
-    const RuntimeError slow =
-        raisedBy([&] { static_cast<void>(QueryEngine(file_.path(), limits).run(endless())); });
-    EXPECT_EQ(slow.Number(), TimeExpired);
+TEST_F(QueryError, EndlessQueryEndsAtItsLimitsAndWhenStopped) {
+    const auto run = [this](const std::string& statement, const QueryLimits& limits,
+                            const std::stop_token& stop = {}) {
+        return raisedBy([&] { (void)QueryEngine(file_.path(), limits).run(statement, stop); })
+            .Number();
+    };
+    EXPECT_EQ(run(endless(), {.runTime = std::chrono::milliseconds(50)}), TimeExpired);
+    const std::string tables =
+        " FROM Allarmi a, Allarmi b, Allarmi c, Allarmi d, Allarmi e, Allarmi f";
+    for (const std::string& statement :
+         {"SELECT a.VRX" + tables, "SELECT a.Data + b.Data" + tables + " ORDER BY a.Data + 0"})
+        EXPECT_EQ(run(statement, {.memory = 1'000'000}), OutOfMemory) << statement;
 
     std::stop_source stop;
-    RuntimeError stopped(0, "none");
-    std::thread worker([&] {
-        stopped = raisedBy(
-            [&] { static_cast<void>(QueryEngine(file_.path()).run(endless(), stop.get_token())); });
-    });
+    int stopped = 0;
+    std::thread worker([&] { stopped = run(endless(), {}, stop.get_token()); });
     stop.request_stop();
     worker.join();
-    EXPECT_EQ(stopped.Number(), Cancelled);
-}
-
-TEST_F(QueryError, ResultBeyondTheMemoryLimit) {
-    QueryLimits limits;
-    limits.memory = 20'000'000;
-    const std::string tables =
-        " FROM Allarmi a, Allarmi b, Allarmi c, Allarmi d, Allarmi e, Allarmi f, Allarmi g";
-    for (const std::string& statement :
-         {"SELECT a.VRX" + tables,
-          "SELECT a.Data + b.Data + c.Data" + tables + " ORDER BY a.Descrizione"}) {
-        const RuntimeError error =
-            raisedBy([&] { static_cast<void>(QueryEngine(file_.path(), limits).run(statement)); });
-        EXPECT_EQ(error.Number(), OutOfMemory) << statement;
-    }
+    EXPECT_EQ(stopped, Cancelled);
 }
 
 }  // namespace

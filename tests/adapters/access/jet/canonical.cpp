@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/adapters/access/jet/canonical.h"
 
+#include "platform/conversions.h"
+
 #include <bit>
 #include <cmath>
 #include <cstdio>
@@ -74,31 +76,21 @@ Digest digest(const Table& table) {
 }
 
 std::string canonical(ColumnType type, const Variant& value) {
-    const auto number = [&value]() -> long long {
-        if (value.holds<std::uint8_t>()) return value.get<std::uint8_t>();
-        if (value.holds<std::int16_t>()) return value.get<std::int16_t>();
-        return value.get<std::int32_t>();
+    const auto bits = [](double number) {
+        return "D" + hex(std::bit_cast<std::uint64_t>(number), 16);
     };
-    if (type == ColumnType::Boolean) return value.holds<bool>() && value.get<bool>() ? "B1" : "B0";
+    if (type == ColumnType::Boolean) return value == Variant(true) ? "B1" : "B0";
     if (value.isNull()) return "N";
-    switch (type) {
-        case ColumnType::Byte:
-        case ColumnType::Integer:
-        case ColumnType::Long: return "I" + std::to_string(number());
-        case ColumnType::Currency:
-            return "M" + std::to_string(std::llround(value.get<double>() * 10000.0));
-        case ColumnType::Single:
-            return "F" + hex(std::bit_cast<std::uint32_t>(value.get<float>()), 8);
-        case ColumnType::Double:
-            return "D" + hex(std::bit_cast<std::uint64_t>(value.get<double>()), 16);
-        case ColumnType::Date:
-            return "D" + hex(std::bit_cast<std::uint64_t>(value.get<Date>().serial()), 16);
-        case ColumnType::Text:
-        case ColumnType::Memo: return "T" + value.get<std::string>();
-        case ColumnType::Guid: return "G{" + hex(value.get<Blob>()) + "}";
-        case ColumnType::Numeric: return "R" + value.get<std::string>();
-        default: return "X" + hex(value.get<Blob>());
-    }
+    if (type == ColumnType::Currency)
+        return "M" + std::to_string(std::llround(value.get<double>() * 10000.0));
+    if (value.holds<float>()) return "F" + hex(std::bit_cast<std::uint32_t>(value.get<float>()), 8);
+    if (value.holds<double>()) return bits(value.get<double>());
+    if (value.holds<Date>()) return bits(value.get<Date>().serial());
+    if (value.holds<std::string>())
+        return (type == ColumnType::Numeric ? "R" : "T") + value.get<std::string>();
+    if (!value.holds<Blob>()) return "I" + conversions::text(value, Locale::italian());
+    const std::string digits = hex(value.get<Blob>());
+    return type == ColumnType::Guid ? "G{" + digits + "}" : "X" + digits;
 }
 
 }  // namespace velt::jet::test

@@ -3,9 +3,7 @@
 #include "tests/adapters/access/jet/everytype.h"
 
 #include "adapters/access/jet/cursor.h"
-#include "tests/tempfolder.h"
-
-#include <gtest/gtest.h>
+#include "tests/adapters/access/jet/patchedfile.h"
 
 #include <random>
 #include <sys/wait.h>
@@ -46,39 +44,30 @@ std::int64_t readAll(const std::filesystem::path& file) {
     return rows.unreadableRows() == 0 ? count : -1;
 }
 
-class Concurrency : public testing::TestWithParam<Version> {};
+class Concurrency : public FileTest, public testing::WithParamInterface<Version> {};
 
 INSTANTIATE_TEST_SUITE_P(Versions, Concurrency, testing::Values(Version::Jet3, Version::Jet4));
 
 TEST_P(Concurrency, AReaderNeverSeesABrokenFile) {
-    const TempFolder folder;
-    const std::filesystem::path file = folder / "Prova.mdb";
     {
-        Writer writer = Writer::create(file, GetParam());
-        writer.createTable("T", std::vector<ColumnDefinition>{{"N", ColumnType::Long},
-                                                              {"M", ColumnType::Memo},
-                                                              {"VRX", ColumnType::Text, 20}});
+        Writer writer = Writer::create(file_, GetParam());
+        writeTable(
+            writer, "T",
+            {{"N", ColumnType::Long}, {"M", ColumnType::Memo}, {"VRX", ColumnType::Text, 20}}, {});
     }
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        try {
-            writeAll(file);
-            ::_exit(0);
-        } catch (...) {
-            ::_exit(1);
-        }
+        const RuntimeError error = raisedBy([this] { writeAll(file_); });
+        ::_exit(error.Number() == 0 ? 0 : 1);
     }
-    int status = 0;
-    int passes = 0;
+    int status = 0, passes = 0;
     std::int64_t seen = 0;
-    bool running = true;
-    while (running) {
+    for (bool running = true; running; ++passes) {
         running = ::waitpid(child, &status, WNOHANG) == 0;
-        const std::int64_t rows = readAll(file);
+        const std::int64_t rows = readAll(file_);
         EXPECT_GE(rows, seen);
         seen = rows;
-        ++passes;
     }
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
     EXPECT_EQ(seen, Rows);

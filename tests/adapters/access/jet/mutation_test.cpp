@@ -2,10 +2,7 @@
 // Files with a few wrong bytes: whatever they say, reading ends, with values or with RuntimeError.
 #include "platform/runtimeerror.h"
 #include "tests/adapters/access/jet/everytype.h"
-#include "tests/filebytes.h"
-#include "tests/tempfolder.h"
-
-#include <gtest/gtest.h>
+#include "tests/adapters/access/jet/patchedfile.h"
 
 #include <random>
 
@@ -30,31 +27,27 @@ std::string mutate(std::string bytes, std::size_t pageSize, std::mt19937& random
     return bytes;
 }
 
-class Mutation : public testing::TestWithParam<Version> {};
+class Mutation : public FileTest, public testing::WithParamInterface<Version> {};
 
 INSTANTIATE_TEST_SUITE_P(Versions, Mutation, testing::Values(Version::Jet3, Version::Jet4));
 
 TEST_P(Mutation, EndsWithValuesOrErrors) {
-    const TempFolder folder;
-    const std::filesystem::path file = folder / "Prova.mdb";
-    writeEveryType(file, GetParam());
-    const std::string original = velt::test::bytesOf(file);
+    writeEveryType(file_, GetParam());
+    const std::string original = velt::test::bytesOf(file_);
     std::mt19937 random(20060314);
-    int refused = 0;
-    int readable = 0;
-    int damaged = 0;
+    int refused = 0, readable = 0, damaged = 0;
     for (int i = 0; i < Mutants; ++i) {
-        velt::test::writeBytes(file,
+        velt::test::writeBytes(file_,
                                mutate(original, GetParam() == Version::Jet3 ? 2048 : 4096, random));
         try {
-            const Reading reading = readEverything(file);
+            const Reading reading = readEverything(file_);
             ++(reading.errors + reading.unreadable > 0 ? damaged : readable);
         } catch (const RuntimeError&) {
             ++refused;
         }
         // A writer must not trust the file either.
         ignoreErrors([&] {
-            Writer writer = Writer::open(file);
+            Writer writer = Writer::open(file_);
             for (const Row& row : everyTypeRows()) writer.append("T", row);
             writer.flush();
         });

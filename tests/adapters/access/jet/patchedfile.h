@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/errorof.h"
 #include "tests/filebytes.h"
+#include "tests/tempfolder.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <string>
 #include <utility>
 
@@ -33,6 +38,12 @@ public:
         put8(at + 1, value >> 8 & 0xFF);
     }
 
+    /// The page on which a text of names stands.
+    [[nodiscard]] std::size_t pageOf(const std::string& text) const {
+        std::string utf16;
+        for (const char c : text) utf16 += {c, '\0'};
+        return bytes_.find(utf16) / PageSize;
+    }
     /// Where the offset word of a row stands.
     [[nodiscard]] static std::size_t rowWord(std::size_t page, std::size_t row) {
         return page * PageSize + 14 + 2 * row;
@@ -56,6 +67,28 @@ public:
 private:
     std::filesystem::path path_;
     std::string bytes_;
+};
+
+/// Tests on a file of a temporary folder.
+class FileTest : public testing::Test {
+protected:
+    void patch(const std::function<void(PatchedFile&)>& change) const {
+        PatchedFile file(file_);
+        change(file);
+        file.save();
+    }
+    /// The error must name its reason and, where it is about one, the file.
+    static void expectError(ErrorNumber number, const std::string& reason,
+                            const std::function<void()>& action,
+                            const std::filesystem::path& file = {}) {
+        const RuntimeError error = raisedBy(action);
+        EXPECT_TRUE(error.is(number)) << error.Number() << " instead of " << reason;
+        EXPECT_THAT(error.Description(), testing::HasSubstr(reason));
+        EXPECT_THAT(error.Description(), testing::HasSubstr(file.string()));
+    }
+
+    TempFolder folder_;
+    std::filesystem::path file_ = folder_ / "Prova.mdb";
 };
 
 }  // namespace velt::jet::test

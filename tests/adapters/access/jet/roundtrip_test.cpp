@@ -3,52 +3,49 @@
 #include "platform/isodate.h"
 #include "tests/adapters/access/jet/canonical.h"
 #include "tests/adapters/access/jet/everytype.h"
+#include "tests/adapters/access/jet/patchedfile.h"
 #include "tests/program.h"
-#include "tests/tempfolder.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace velt::jet::test {
 namespace {
 
-class RoundTrip : public testing::TestWithParam<Version> {
+class RoundTrip : public FileTest, public testing::WithParamInterface<Version> {
 protected:
-    [[nodiscard]] std::filesystem::path file() const { return folder_ / "Prova.mdb"; }
-
-    TempFolder folder_;
+    void expectRows(const std::string& name, const std::vector<ColumnDefinition>& columns,
+                    const std::vector<Row>& rows) const {
+        const Table table = Database::open(file_)->table(name);
+        ASSERT_EQ(table.columns().size(), columns.size());
+        Cursor cursor(table);
+        for (std::size_t r = 0; r < rows.size(); ++r) {
+            ASSERT_TRUE(cursor.next()) << "row " << r;
+            for (std::size_t c = 0; c < columns.size(); ++c)
+                ASSERT_EQ(canonicalCell(cursor, table, static_cast<int>(c)),
+                          canonical(columns[c].type, rows[r][c]))
+                    << "row " << r << ", column " << columns[c].name;
+        }
+        EXPECT_FALSE(cursor.next());
+        EXPECT_EQ(cursor.unreadableRows(), 0U);
+    }
+    void writeAndExpect(Writer& writer, const std::string& name,
+                        const std::vector<ColumnDefinition>& columns,
+                        const std::vector<Row>& rows) const {
+        writeTable(writer, name, columns, rows);
+        expectRows(name, columns, rows);
+    }
 };
 
-INSTANTIATE_TEST_SUITE_P(Versions, RoundTrip, testing::Values(Version::Jet3, Version::Jet4),
-                         [](const auto& version) {
-                             return version.param == Version::Jet3 ? "Jet3" : "Jet4";
-                         });
-
-void expectRows(const Table& table, const std::vector<ColumnDefinition>& columns,
-                const std::vector<Row>& rows) {
-    ASSERT_EQ(table.columns().size(), columns.size());
-    Cursor cursor(table);
-    for (std::size_t r = 0; r < rows.size(); ++r) {
-        ASSERT_TRUE(cursor.next()) << "row " << r;
-        for (std::size_t c = 0; c < columns.size(); ++c)
-            ASSERT_EQ(canonicalCell(cursor, table, static_cast<int>(c)),
-                      canonical(columns[c].type, rows[r][c]))
-                << "row " << r << ", column " << columns[c].name;
-    }
-    EXPECT_FALSE(cursor.next());
-    EXPECT_EQ(cursor.unreadableRows(), 0U);
-}
+INSTANTIATE_TEST_SUITE_P(Versions, RoundTrip, testing::Values(Version::Jet3, Version::Jet4));
 
 TEST_P(RoundTrip, KeepsEveryValueOfEveryType) {
-    writeEveryType(file(), GetParam());
-    const auto database = Database::open(file());
+    writeEveryType(file_, GetParam());
+    const auto database = Database::open(file_);
     EXPECT_EQ(database->version(), GetParam());
     EXPECT_THAT(database->tableNames(), testing::ElementsAre("T", "Vuota"));
     const Table table = database->table("t");
     EXPECT_EQ(table.columnIndex("LOCALITÀ"), 11);
     EXPECT_EQ(table.statedRows(), everyTypeRows().size());
-    expectRows(table, everyType(), everyTypeRows());
-    expectRows(database->table("Vuota"), everyType(), {});
+    expectRows("T", everyType(), everyTypeRows());
+    expectRows("Vuota", everyType(), {});
 }
 
 // In Jet 3 starts have one byte and a jump table: rows around each multiple of 256 bytes.
@@ -65,14 +62,13 @@ TEST_P(RoundTrip, KeepsRowsOfEveryLength) {
                                                 static_cast<char>('a' + i))));
         rows.push_back(row);
     }
-    Writer writer = Writer::create(file(), GetParam());
-    writeTable(writer, "T", columns, rows);
-    expectRows(Database::open(file())->table("T"), columns, rows);
+    Writer writer = Writer::create(file_, GetParam());
+    writeAndExpect(writer, "T", columns, rows);
 
     // More short rows than a row's number can count in a page.
     rows.assign(600, Row{true});
     writeTable(writer, "Corta", {{"V", ColumnType::Boolean}}, rows);
-    Cursor cursor(Database::open(file())->table("Corta"));
+    Cursor cursor(Database::open(file_)->table("Corta"));
     while (cursor.next()) EXPECT_LT(cursor.rowId().row, 255);
 }
 
@@ -85,28 +81,25 @@ TEST_P(RoundTrip, TakesDefinitionsLongerThanAPage) {
         row.emplace_back(i % 2 == 0 ? Variant(static_cast<std::uint8_t>(i))
                                     : Variant(std::to_string(i)));
     }
-    Writer writer = Writer::create(file(), GetParam());
-    writeTable(writer, "T", columns, {row});
-    expectRows(Database::open(file())->table("T"), columns, {row});
+    Writer writer = Writer::create(file_, GetParam());
+    writeAndExpect(writer, "T", columns, {row});
 }
 
 // The map of a table's pages needs its second map page, that of the memos no longer fits inline.
 TEST_P(RoundTrip, GrowsItsMaps) {
     const bool jet3 = GetParam() == Version::Jet3;
-    Writer writer = Writer::create(file(), GetParam());
+    Writer writer = Writer::create(file_, GetParam());
     const std::vector<ColumnDefinition> columns{{"N", ColumnType::Long}, {"M", ColumnType::Memo}};
     std::vector<Row> rows;
     const std::string memo(jet3 ? 1500 : 3500, 'm');  // one to a page
     for (std::int32_t i = 0; i < 3'000; ++i) rows.push_back({i, memo});
-    writeTable(writer, "T", columns, rows);
-    expectRows(Database::open(file())->table("T"), columns, rows);
+    writeAndExpect(writer, "T", columns, rows);
     if (!jet3) return;
     std::vector<ColumnDefinition> wide{{"N", ColumnType::Long}};
     for (int i = 0; i < 7; ++i) wide.push_back({std::to_string(i), ColumnType::Text, 250});
     rows.assign(17'000, Row(8, std::string(200, 'w')));
     for (std::size_t i = 0; i < rows.size(); ++i) rows[i][0] = static_cast<std::int32_t>(i);
-    writeTable(writer, "Larga", wide, rows);
-    expectRows(Database::open(file())->table("Larga"), wide, rows);
+    writeAndExpect(writer, "Larga", wide, rows);
 }
 
 TEST_P(RoundTrip, IsReadAlikeByMdbExport) {
@@ -133,11 +126,11 @@ TEST_P(RoundTrip, IsReadAlikeByMdbExport) {
                     (third ? '1' : '0') + '|' + std::to_string(i) + ".5|" +
                     (third ? "però" : "<null>") + '\n';
     }
-    Writer writer = Writer::create(file(), GetParam());
+    Writer writer = Writer::create(file_, GetParam());
     writeTable(writer, "Prima tabella", columns, rows);
     writeTable(writer, "Seconda", columns, {});
 
-    const std::string path = file().string();
+    const std::string path = file_.string();
     EXPECT_EQ(output("/usr/bin/mdb-tables", {"-1", path}), "Prima tabella\nSeconda\n");
     EXPECT_EQ(output("/usr/bin/mdb-export", {"-H", "-Q", "-d", "|", "-0", "<null>", "-T",
                                              "%Y-%m-%d %H:%M:%S", path, "Prima tabella"}),
