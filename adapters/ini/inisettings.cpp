@@ -7,6 +7,7 @@
 #include "platform/isodate.h"
 #include "platform/runtimeerror.h"
 
+#include <atomic>
 #include <exception>
 #include <iostream>
 #include <limits>
@@ -25,7 +26,47 @@ IniDocument documentOf(std::string_view bytes, const std::string& path) {
     return IniDocument(bytes);
 }
 
+void report(const IniOptions& options, const std::string& what, const std::string& why) {
+    try {
+        const std::string message = what + ": " + why;
+        if (options.log)
+            options.log(message);
+        else
+            std::cerr << message << '\n';
+    } catch (...) {
+        // A log that fails has nobody left to tell.
+    }
+}
+
 }  // namespace
+
+/// A save on its way; it may outlive the settings.
+struct IniSettings::Save {
+    Save(const IniOptions& o, std::string f, std::vector<Change> c)
+        : options(o), file(std::move(f)), changes(std::move(c)) {}
+
+    /// Whoever comes first saves.
+    void run() {
+        if (begun.exchange(true)) return;
+        try {
+            const std::string path = settingsPath(file);
+            const FileLock lock(companionPath(path, ".lock"), options.lockWait);
+            const auto before = readFile(path);
+            IniDocument document = documentOf(before.value_or(""), path);
+            for (const Change& change : changes)
+                document.set(change.section, change.key, change.value);
+            const std::string after = document.bytes();
+            if (after != before) replaceFile(path, after);
+        } catch (const std::exception& error) {
+            report(options, "Impostazioni non salvate", error.what());  // the file is as it was
+        }
+    }
+
+    const IniOptions options;
+    const std::string file;
+    const std::vector<Change> changes;
+    std::atomic<bool> begun = false;
+};
 
 IniSettings::IniSettings(Clock& clock, IniOptions options)
     : clock_(clock), options_(std::move(options)) {}
@@ -52,7 +93,7 @@ void IniSettings::ScriviData(const std::string& key, const Date& value) {
     if (value.isValid())
         ScriviStringa(key, isoText(value));
     else
-        report("Data non scritta", "«" + key + "»: fuori dal calendario");
+        report(options_, "Data non scritta", "«" + key + "»: fuori dal calendario");
 }
 
 Date IniSettings::LeggiData(const std::string& key) {
@@ -95,38 +136,22 @@ void IniSettings::load() {
         const std::string path = settingsPath(file_);
         if (const auto bytes = readFile(path)) document_ = documentOf(*bytes, path);
     } catch (const std::exception& error) {
-        report("Impostazioni non lette", error.what());  // the defaults hold
+        report(options_, "Impostazioni non lette", error.what());  // the defaults hold
     }
     for (const Change& change : changes_) document_->set(change.section, change.key, change.value);
 }
 
 void IniSettings::commit() {
     if (changes_.empty()) return;
+    const auto save = std::make_shared<Save>(options_, file_, std::exchange(changes_, {}));
     try {
-        const std::string path = settingsPath(file_);
-        const FileLock lock(companionPath(path, ".lock"), options_.lockWait);
-        const auto before = readFile(path);
-        IniDocument document = documentOf(before.value_or(""), path);
-        for (const Change& change : changes_)
-            document.set(change.section, change.key, change.value);
-        const std::string after = document.bytes();
-        if (after != before) replaceFile(path, after);
-    } catch (const std::exception& error) {
-        report("Impostazioni non salvate", error.what());  // the file is as it was
+        if (options_.dispatcher)
+            options_.dispatcher->run([save](const std::stop_token&) { save->run(); });
+    } catch (const std::exception&) {
+        // Cancelled: nobody waits for it any more, but the operator's choices are saved all the
+        // same, by the work that was left or below.
     }
-    changes_.clear();
-}
-
-void IniSettings::report(const std::string& what, const std::string& why) const {
-    try {
-        const std::string message = what + ": " + why;
-        if (options_.log)
-            options_.log(message);
-        else
-            std::cerr << message << '\n';
-    } catch (...) {
-        // A log that fails has nobody left to tell.
-    }
+    save->run();
 }
 
 IniSettingsFactory::IniSettingsFactory(Clock& clock, IniOptions options)

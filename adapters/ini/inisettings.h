@@ -3,6 +3,7 @@
 
 #include "adapters/ini/inidocument.h"
 #include "platform/clock.h"
+#include "platform/dispatcher.h"
 #include "platform/export.h"
 #include "platform/settings.h"
 
@@ -17,17 +18,20 @@
 namespace velt::ini {
 
 struct IniOptions {
-    /// Told, in Italian, why a file could not be read or written. Standard error by default.
-    std::function<void(const std::string&)> log;
+    /// Told, in Italian, why a file could not be read or written; from any thread. Standard error
+    /// by default.
+    std::function<void(const std::string&)> log{};
     /// How long a save waits for another program that is saving to the same file.
     std::chrono::milliseconds lockWait{2000};
+    /// Files are saved through it, which must outlive the settings; null: on the caller's thread.
+    Dispatcher* dispatcher = nullptr;
 };
 
 /// Settings in an INI file (UTF-8 or Windows-1252; how texts stand in it: textform.h). The file is
 /// read once, by the first value that is asked for. What was written goes to the file when the
 /// object is destroyed or gets another file: the file is then read again under a lock and only the
-/// keys that were written are changed, so that programs that save at once lose nothing. No member
-/// throws. Used by one thread at a time.
+/// keys that were written are changed, so that programs that save at once lose nothing. A save
+/// whose wait is cancelled goes on by itself. No member throws. Used by one thread at a time.
 class VELT_API IniSettings final : public Settings {
 public:
     /// `clock` must outlive the object.
@@ -60,12 +64,11 @@ private:
         std::string key;
         std::string value;
     };
+    struct Save;
 
     [[nodiscard]] std::optional<std::string> find(const std::string& key);
     void load();
     void commit();
-    void report(const std::string& what, const std::string& why) const;
-
     Clock& clock_;
     IniOptions options_;
     std::string file_;

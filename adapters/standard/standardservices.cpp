@@ -55,7 +55,7 @@ private:
     Locale locale_ = Locale::italian();
     qt::QtDispatcher dispatcher_;
     qt::QtMessageBox messageBox_;
-    ini::IniSettingsFactory settings_{clock_, {.log = log}};
+    ini::IniSettingsFactory settings_{clock_, {.log = log, .dispatcher = &dispatcher_}};
     access::AccessDatabase database_{dispatcher_, reportUnreadable};
     access::LocalFileSystem fileSystem_{dispatcher_};
     clsRecordset recordsets_;

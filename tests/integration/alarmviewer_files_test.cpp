@@ -7,40 +7,32 @@
 #include "tests/alarmviewer/alarmviewerwidgets.h"
 #include "tests/tempfolder.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace velt {
 namespace {
 
-using testing::ElementsAre;
-using Path = std::filesystem::path;
+const Date morning = Date::fromFields({2026, 3, 14, 7, 30});
 
-const Date morning = Date::fromFields({2026, 3, 14, 7, 30, 0, 0});
-
-void writeAlarms(const Path& file) {
+void writeAlarms(const std::filesystem::path& file) {
+    std::vector<jet::ColumnDefinition> columns{{"Data", jet::ColumnType::Date}};
+    for (const char* name : {"VRX", "Allarme", "Descrizione", "Evento"}) columns.push_back({name});
+    jet::Writer writer = jet::Writer::create(file);
+    writer.createTable("Allarmi", columns);
     const std::tuple<double, const char*, const char*> alarms[] = {{3600, "RTU02", "Pompa ferma"},
                                                                    {0, "RTU01", "Livello alto"},
                                                                    {60, "RTU02", "Livello alto"},
                                                                    {86400, "RTU01", "Pompa ferma"}};
-    std::vector<jet::ColumnDefinition> columns{{"Data", jet::ColumnType::Date}};
-    for (const char* name : {"VRX", "Allarme", "Descrizione", "Evento"})
-        columns.push_back({name, jet::ColumnType::Text});
-    jet::Writer writer = jet::Writer::create(file);
-    writer.createTable("Allarmi", columns);
     for (const auto& [seconds, station, name] : alarms)
-        writer.append("Allarmi", std::vector<Variant>{morning.addSeconds(seconds), station, name,
-                                                      "descrizione", "Attivo"});
+        writer.append("Allarmi",
+                      std::vector<Variant>{morning.addSeconds(seconds), station, name, "", ""});
 }
 
 /// Real settings, files and databases; the rest is played.
-class FileServices final : public fakes::FakeServices {
-public:
+struct FileServices final : fakes::FakeServices {
     SettingsFactory& settings() override { return settings_; }
     clsDatabase& database() override { return database_; }
     clsFileSystem& fileSystem() override { return files_; }
-
-private:
     ini::IniSettingsFactory settings_{clock()};
     access::AccessDatabase database_{dispatcher()};
     access::LocalFileSystem files_{dispatcher()};
@@ -48,10 +40,14 @@ private:
 
 /// An alarm viewer with widgets of its own, as a panel makes it anew at each start.
 struct Panel : AlarmViewerWidgets {
-    explicit Panel(const Path& folder) {
+    explicit Panel(const TempFolder& folder) {
         viewer.File((folder / "Allarmi.mdb").string());
         viewer.FileIni((folder / "panel.ini").string());
         viewer.Show();
+    }
+    std::string refreshed() {
+        cmdAggiornaDati.click();
+        return Adodc.caption;
     }
     FileServices services;
     AlarmViewer viewer{form, ambient, services};
@@ -60,32 +56,25 @@ struct Panel : AlarmViewerWidgets {
 TEST(AlarmViewerFiles, FiltersShowsAndRemembers) {
     const TempFolder folder;
     writeAlarms(folder / "Allarmi.mdb");
-    {
-        Panel panel(folder.path());
-        panel.cmdAggiornaDati.click();
-        EXPECT_EQ(panel.Adodc.caption, "Record 1 of 4");
-        EXPECT_EQ(panel.Adodc.rows()->value(0, 0), Variant(morning)) << "sorted by date";
+    Panel first(folder);
+    EXPECT_EQ(first.refreshed(), "Record 1 of 4");
+    EXPECT_EQ(first.Adodc.rows()->value(0, 0), Variant(morning)) << "sorted by date";
+    first.chkDataIniziale.toggle();
+    first.DataIniziale.Value(morning.addSeconds(60));
+    first.chkDataFinale.toggle();
+    first.DataFinale.Value(morning.addSeconds(3600));
+    first.lvVRX.Checked(2, true);
+    EXPECT_EQ(first.refreshed(), "Record 1 of 2") << "both bounds belong to the range";
+    first.chkAllarme.toggle();
+    first.cmbAllarme.ListIndex(1);
+    EXPECT_EQ(first.refreshed(), "Record 1 of 1");
+    EXPECT_TRUE(first.services.messages.shown.empty());
+    first.viewer.Terminate();
 
-        panel.chkDataIniziale.toggle();
-        panel.DataIniziale.Value(morning.addSeconds(60));
-        panel.chkDataFinale.toggle();
-        panel.DataFinale.Value(morning.addSeconds(3600));
-        panel.lvVRX.Checked(2, true);
-        panel.cmdAggiornaDati.click();
-        EXPECT_EQ(panel.Adodc.caption, "Record 1 of 2") << "both bounds belong to the range";
-        panel.chkAllarme.toggle();
-        panel.cmbAllarme.ListIndex(1);
-        panel.cmdAggiornaDati.click();
-        EXPECT_EQ(panel.Adodc.caption, "Record 1 of 1");
-        EXPECT_TRUE(panel.services.messages.shown.empty());
-        panel.viewer.Terminate();
-    }
-    Panel panel(folder.path());
-    EXPECT_EQ(panel.DataIniziale.Value(), morning.addSeconds(60));
-    EXPECT_EQ(panel.cmbAllarme.Text(), "Pompa ferma");
-    EXPECT_THAT(checkedTexts(panel.lvVRX), ElementsAre("RTU02"));
-    panel.cmdAggiornaDati.click();
-    EXPECT_EQ(panel.Adodc.caption, "Record 1 of 1");
+    Panel second(folder);
+    EXPECT_EQ(second.DataIniziale.Value(), morning.addSeconds(60));
+    EXPECT_EQ(second.cmbAllarme.Text(), "Pompa ferma");
+    EXPECT_EQ(second.refreshed(), "Record 1 of 1");
 }
 
 }  // namespace

@@ -10,67 +10,54 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const std::vector<std::string> Stations = {"RTU01", "RTU02", "RTU03", "RTU04"};
-
 class ConnViewerRuntimeTest : public ConnViewerFixture {
 protected:
-    ConnViewerRuntimeTest() {
-        services.realRuntimes = &factory;
-        services.settingsFactory.files["VeltRTU.ini"]["Common"]["Hostname"] =
-            "opc.tcp://127.0.0.1:" + std::to_string(port);
-    }
     ~ConnViewerRuntimeTest() override { viewer.reset(); }
-
-    void startRuntime() {
-        opcua::test::RuntimeServerOptions options;
-        options.runtime = opcua::test::quickRuntime(Stations);
-        options.server.port = port;
-        options.server.shutdownNotice = 0ms;
-        options.clock = clock.function();
-        server = opcua::test::startRuntime(std::move(options));
-    }
 
     /// Lets time pass until `done`.
     bool until(const std::function<bool()>& done) {
         const auto end = std::chrono::steady_clock::now() + 15s;
-        while (!done()) {
-            if (std::chrono::steady_clock::now() > end) return false;
+        while (!done() && std::chrono::steady_clock::now() < end) {
             (void)dispatcher.runUntil(done, std::chrono::steady_clock::now() + 50ms);
             t.fire();
         }
-        return true;
+        return done();
     }
 
-    const std::uint16_t port = demo::freePort();
     opcua::test::HandClock clock;
     QueuedDispatcher dispatcher;
     opcua::OpcUaRuntimeClientFactory factory{dispatcher};
-    std::unique_ptr<demo::OpcServer> server;
 };
 
 TEST_F(ConnViewerRuntimeTest, DialsDownloadsHangsUpAndTellsTheLoss) {
-    startRuntime();
+    const std::vector<std::string> stations = {"RTU01", "RTU02", "RTU03", "RTU04"};
+    opcua::test::RuntimeServerOptions options;
+    options.runtime = opcua::test::quickRuntime(stations);
+    options.server.port = demo::freePort();
+    options.server.shutdownNotice = 0ms;
+    options.clock = clock.function();
+    services.settingsFactory.files["VeltRTU.ini"]["Common"]["Hostname"] =
+        "opc.tcp://127.0.0.1:" + std::to_string(options.server.port);
+    services.realRuntimes = &factory;
+    auto server = opcua::test::startRuntime(std::move(options));
     start();
-    ASSERT_TRUE(until([this] { return listed() == Stations; }));
+    ASSERT_TRUE(until([&] { return listed() == stations; }));
     EXPECT_EQ(lblProgetto.Caption(), "Acquedotto dimostrativo");
     lvVRX.select(3);
+    const std::tuple<fakes::FakeButton*, const char*, const char*> steps[] = {
+        {&cmdConnetti, "Dialing", "Connesso"},
+        {&cmdDownload, "Downloading", "Connesso"},
+        {&cmdDisconnetti, "In disconnessione", "Disconnesso"}};
     const auto shows = [this](const char* text) {
         return until([this, text] { return lblStato.Caption() == text; });
     };
     ASSERT_TRUE(shows("Disconnesso"));
-    cmdConnetti.click();
-    ASSERT_TRUE(shows("Dialing"));
-    clock.pass(1s);
-    ASSERT_TRUE(shows("Connesso"));
-    cmdDownload.click();
-    ASSERT_TRUE(shows("Downloading"));
-    clock.pass(1s);
-    ASSERT_TRUE(shows("Connesso"));
-    cmdDisconnetti.click();
-    ASSERT_TRUE(shows("In disconnessione"));
-    clock.pass(1s);
-    ASSERT_TRUE(shows("Disconnesso"));
-
+    for (const auto& [button, during, after] : steps) {
+        button->click();
+        ASSERT_TRUE(shows(during)) << during;
+        clock.pass(1s);
+        ASSERT_TRUE(shows(after)) << after;
+    }
     server.reset();
     ASSERT_TRUE(until([this] { return t.Enabled(); }));
     EXPECT_EQ(lblLog.Caption(), "Runtime non attivo!!");

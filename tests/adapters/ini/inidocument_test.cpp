@@ -11,72 +11,64 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string afterSet(std::string_view bytes, const char* section, const char* key,
-                     const std::string& value) {
-    IniDocument document(bytes);
-    document.set(section, key, value);
-    return document.bytes();
-}
-
 struct Edit {
     const char* what;
     std::string before;
-    const char *section, *key, *value;
+    const char *key, *value;  ///< set in section S
     std::string after;
 };
 
-const std::vector<Edit> edits = {
-    {"a changed value keeps all around it",
-     "; testa\n\n[S]\n# nota\nk = 1  \nrottame\nk=doppia\n\n[T]\nk=9\n", "S", "k", "2",
-     "; testa\n\n[S]\n# nota\nk = 2\nrottame\nk=doppia\n\n[T]\nk=9\n"},
-    {"the same value keeps even the blanks", "[S]\nk = \"1\"  \n", "S", "k", "1",
-     "[S]\nk = \"1\"  \n"},
-    {"a new key follows the section's last key", "[S]\na=1\n\n; di T\n[T]\nb=2\n", "S", "n", "3",
-     "[S]\na=1\nn=3\n\n; di T\n[T]\nb=2\n"},
-    {"a section in two blocks grows in the first", "[S]\na=1\n[T]\n[S]\nb=2\n", "S", "n", "3",
-     "[S]\na=1\nn=3\n[T]\n[S]\nb=2\n"},
-    {"names are case-sensitive", "[S]\nK=1\n[s]\nk=1\n", "S", "k", "2",
-     "[S]\nK=1\nk=2\n[s]\nk=1\n"},
-    {"a missing last line end is made up", "[S]\r\na=1", "S", "n", "2", "[S]\r\na=1\r\nn=2\r\n"},
-    {"the mark stays", "\xEF\xBB\xBF[S]\nk=1\n", "S", "k", "è", "\xEF\xBB\xBF[S]\nk=è\n"},
-    {"a commented key is no key", "[S]\n;k=1\n#k=1\n", "S", "k", "2", "[S]\nk=2\n;k=1\n#k=1\n"},
-    {"a header without its bracket", "[S]\na=1\n[T\nk=1\n", "S", "k", "2",
-     "[S]\na=1\nk=2\n[T\nk=1\n"},
-    {"Windows-1252 stays", "[S]\nCitt\xE0=Forl\xEC\n", "S", "Città", "Cefalù €",
-     "[S]\nCitt\xE0=Cefal\xF9 \x80\n"},
-    {"Windows-1252 gives way to UTF-8", "; Forl\xEC\n[S]\nk=1\n", "S", "k", "Łódź",
-     "\xEF\xBB\xBF; Forlì\n[S]\nk=Łódź\n"},
-};
-
 TEST(IniDocument, ChangesNothingButTheLineOfTheKey) {
+    const std::vector<Edit> edits = {
+        {"a changed value keeps all around it",
+         "; testa\n\n[S]\n# nota\nk = 1  \nrottame\nk=doppia\n\n[T]\nk=9\n", "k", "2",
+         "; testa\n\n[S]\n# nota\nk = 2\nrottame\nk=doppia\n\n[T]\nk=9\n"},
+        {"the same value keeps even the blanks", "[S]\nk = \"1\"  \n", "k", "1",
+         "[S]\nk = \"1\"  \n"},
+        {"a new key follows the section's last key", "[S]\na=1\n\n; di T\n[T]\nb=2\n", "n", "3",
+         "[S]\na=1\nn=3\n\n; di T\n[T]\nb=2\n"},
+        {"a section in two blocks grows in the first", "[S]\na=1\n[T]\n[S]\nb=2\n", "n", "3",
+         "[S]\na=1\nn=3\n[T]\n[S]\nb=2\n"},
+        {"names are case-sensitive", "[S]\nK=1\n[s]\nk=1\n", "k", "2", "[S]\nK=1\nk=2\n[s]\nk=1\n"},
+        {"a missing last line end is made up", "[S]\r\na=1", "n", "2", "[S]\r\na=1\r\nn=2\r\n"},
+        {"mixed line ends stay", "[S]\r\na=1\nb=2\r\n", "a", "9", "[S]\r\na=9\nb=2\r\n"},
+        {"the mark stays", "\xEF\xBB\xBF[S]\nk=1\n", "k", "è", "\xEF\xBB\xBF[S]\nk=è\n"},
+        {"a commented key is no key", "[S]\n;k=1\n#k=1\n", "k", "2", "[S]\nk=2\n;k=1\n#k=1\n"},
+        {"a header without its bracket", "[S]\na=1\n[T\nk=1\n", "k", "2",
+         "[S]\na=1\nk=2\n[T\nk=1\n"},
+        {"Windows-1252 stays", "[S]\nCitt\xE0=Forl\xEC\n", "Città", "Cefalù €",
+         "[S]\nCitt\xE0=Cefal\xF9 \x80\n"},
+        {"Windows-1252 gives way to UTF-8", "; Forl\xEC\n[S]\nk=1\n", "k", "Łódź",
+         "\xEF\xBB\xBF; Forlì\n[S]\nk=Łódź\n"},
+        {"blanks are kept between quotes", "[S]\n", "k", " x ", "[S]\nk=\" x \"\n"},
+        {"line breaks are escaped", "[S]\n", "k", "a\r\nb=50%", "[S]\nk=%\"a%0D%0Ab=50%25\"\n"},
+    };
     for (const Edit& edit : edits) {
         SCOPED_TRACE(edit.what);
-        const std::string after = afterSet(edit.before, edit.section, edit.key, edit.value);
-        EXPECT_EQ(after, edit.after);
-        EXPECT_EQ(IniDocument(after).get(edit.section, edit.key), edit.value);
+        IniDocument document(edit.before);
+        document.set("S", edit.key, edit.value);
+        EXPECT_EQ(document.bytes(), edit.after);
+        EXPECT_EQ(IniDocument(edit.after).get("S", edit.key), edit.value);
     }
 }
 
-TEST(IniDocument, ReadsWhatOtherProgramsWrite) {
+TEST(IniDocument, ReadsWhatOtherProgramsWriteAndWritesPlainTextsPlainly) {
     const std::pair<std::string, std::string> lines[] = {
         {"k=C:\\nuovo\\test", "C:\\nuovo\\test"},
         {"k=\"C:\\nuovo\\\"", "C:\\nuovo\\"},
         {"  k\t= due parole \t", "due parole"},
         {"k=\"aperta", "\"aperta"},
         {"k=\"uno\" e \"due\" o", "\"uno\" e \"due\" o"},
-        {"k=a=b;c#d", "a=b;c#d"},
         {"k=%\"50%\"", "50%"},
         {"k=prima\nk=seconda", "prima"},
     };
     for (const auto& [line, value] : lines)
         EXPECT_EQ(IniDocument("[ S ] ; nota\n" + line + "\n").get("S", "k"), value) << line;
-}
-
-TEST(IniDocument, WritesPlainTextsPlainly) {
-    for (const char* value : {"", "due parole", "a=b", "; x", "[x]", "C:\\n\\t", "100%"})
-        EXPECT_EQ(afterSet("[S]\n", "S", "k", value), "[S]\nk="s + value + "\n");
-    EXPECT_EQ(afterSet("[S]\n", "S", "k", " x "), "[S]\nk=\" x \"\n");
-    EXPECT_EQ(afterSet("[S]\n", "S", "k", "a\r\nb=50%"), "[S]\nk=%\"a%0D%0Ab=50%25\"\n");
+    for (const char* value : {"", "due parole", "a=b;c#d", "; x", "[x]", "C:\\n\\t", "100%"}) {
+        IniDocument document("[S]\n");
+        document.set("S", "k", value);
+        EXPECT_EQ(document.bytes(), "[S]\nk="s + value + "\n");
+    }
 }
 
 /// Whatever stands in a file, whatever is written, under whatever names: it reads back, and what
@@ -92,21 +84,16 @@ TEST(IniDocument, EveryTextReadsBackFromEveryFile) {
         return result;
     };
     for (int round = 0; round < 5000; ++round) {
-        const std::string bytes = text(12);
-        const std::string section = text(2);
-        const std::string key = text(2);
-        const std::string value = text(4);
+        const std::string bytes = text(12), section = text(2), key = text(2), value = text(4);
         IniDocument document(bytes);
         ASSERT_EQ(document.bytes(), bytes);
-        const auto other = document.get("S", "k");
+        const auto other = section == "S" && key == "k" ? value : document.get("S", "k");
         document.set(section, key, value);
         const std::string written = document.bytes();
         const IniDocument again(written);
         ASSERT_EQ(again.get(section, key), value) << testing::PrintToString(written);
         ASSERT_EQ(document.get(section, key), value);
-        if (section != "S" || key != "k") {
-            ASSERT_EQ(again.get("S", "k"), other) << testing::PrintToString(written);
-        }
+        ASSERT_EQ(again.get("S", "k"), other) << testing::PrintToString(written);
         document.set(section, key, value);
         ASSERT_EQ(document.bytes(), written) << "a second time changes nothing";
     }
