@@ -32,10 +32,10 @@ struct MonitoredNode {
 };
 
 struct Monitoring {
-    UA_UInt32 subscription;
-    double interval;     ///< ms; how often the server looks
-    bool active = true;  ///< otherwise nothing is sent
-    UA_Client_DataChangeNotificationCallback changed;
+    UA_UInt32 subscription = 0;
+    double interval = 1000;  ///< ms; how often the server looks
+    bool active = true;      ///< otherwise nothing is sent
+    UA_Client_DataChangeNotificationCallback changed = nullptr;
 };
 
 /// Starts monitoring; `take` gets the server's answer to each node, by its number in `nodes`.

@@ -4,7 +4,6 @@
 #include "adapters/opcua/connection.h"
 #include "adapters/opcua/feed.h"
 #include "adapters/opcua/opcuaitem.h"
-#include "tests/adapters/opcua/runtimeserver.h"
 #include "tests/adapters/opcua/serverfixture.h"
 #include "tests/adapters/opcua/serverprocess.h"
 #include "tests/errorof.h"
@@ -64,14 +63,6 @@ void oneStation(Builder& build) {
     const NodeId rtu = build.folder("RTU01");
     build.variable("A", rtu, 1);
     build.variable("B", rtu, 2);
-}
-
-TEST_F(FaultsTest, AServerThatAnnouncesItsEnd) {
-    auto server = startRuntime({});
-    connect(server->endpoint());
-    std::thread end([&server] { server.reset(); });
-    expectLoss("arresto");
-    end.join();
 }
 
 TEST_F(FaultsTest, ARestartBetweenBrowsingAndAdding) {
@@ -142,21 +133,6 @@ TEST_F(FaultsTest, ServersWithoutEndAreLookedAtWithinBoundsThatAreTold) {
     });
     EXPECT_THAT(cut.leaves, SizeIs(30));
     EXPECT_EQ(cut.leftOut, "Largo: elenco incompleto, dopo i primi 30 nodi non si cerca");
-}
-
-TEST_F(FaultsTest, OddValuesComeThrough) {
-    TestServer server([](Builder& build) {
-        const NodeId rtu = build.folder("RTU01");
-        build.variable("Enorme", rtu, std::string(8'000'000, 'x'));
-        build.variable("Nulla", rtu, OwnedVariant());
-    });
-    connect(server.endpoint());
-    const auto items = add(itemIDs("RTU01"));
-    ASSERT_TRUE(until([&] { return shown_.size() == 2; }));
-    const auto value = [&](const char* id) { return shown_[items.at(id)->ClientHandle()].value; };
-    EXPECT_LT(value("RTU01.Enorme").get<std::string>().size(), 70'000U);
-    EXPECT_TRUE(value("RTU01.Nulla").isEmpty());
-    EXPECT_EQ(items.at("RTU01.Nulla")->CanonicalDataType(), 12);
 }
 
 TEST_F(FaultsTest, ConnectingToWhatIsNoServerEnds) {

@@ -74,6 +74,7 @@ TEST_F(RuntimeFaultsTest, AnnouncedEndAndReturnWithOtherStations) {
     next.server.port = server->port();
     std::thread end([this] { server.reset(); });
     EXPECT_TRUE(comes("Disconnessione"));
+    EXPECT_THAT(logged_, ElementsAre(HasSubstr("Il server è in arresto")));
     end.join();
     start({"B", "C", "D"}, std::move(next));
     linkAndWait();

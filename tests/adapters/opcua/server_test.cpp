@@ -88,7 +88,7 @@ TEST_F(OpcUaServerTest, ShowsValuesOfTheItemsThatWereAdded) {
 
 TEST_F(OpcUaServerTest, SplitsRequestsForServersWithLimits) {
     constexpr std::size_t Folders = 11;
-    constexpr std::size_t PerFolder = 23;
+    constexpr std::size_t PerFolder = 100;
     TestServer server([](Builder& build) {
         const NodeId rtu = build.folder("RTU01");
         for (std::size_t f = 0; f < Folders; ++f) {
@@ -128,9 +128,15 @@ TEST_F(OpcUaServerTest, WritesWhatTheServerTakesAndTellsWhyItDoesNot) {
         build.variable("Testo", rtu, "prima", true);
         build.variable("Lista", rtu, std::vector<std::int32_t>{1}, true);
         build.variable("Fisso", rtu, 1.0, false);
+        build.variable("Enorme", rtu, std::string(8'000'000, 'x'));
+        build.variable("Nulla", rtu, OwnedVariant());
     });
     connect(server.endpoint());
     const auto items = add(itemIDs("RTU01"));
+    EXPECT_EQ(items.at("RTU01.Nulla")->CanonicalDataType(), 12);
+    ASSERT_TRUE(until([&] { return shown_.size() == items.size(); }));
+    const Variant& huge = shown_[items.at("RTU01.Enorme")->ClientHandle()].value;
+    EXPECT_THAT(huge.get<std::string>(), SizeIs(Lt(70'000u)));
     const auto valueOf = [&server](const char* name) {
         Variant value;
         server.run([&](Builder& build) { value = build.read(Builder::named(name)); });
