@@ -98,8 +98,9 @@ Bounds addRoundTicks(ValueAxis& axis, Bounds bounds, const Locale& locale) {
     const double first = std::floor(bounds.low / step + Finest);
     const double last = std::ceil(bounds.high / step - Finest);
     const TickText text(step, std::max(std::abs(first), std::abs(last)) * step, locale);
-    for (double i = first; i <= last; i += 1)
-        axis.ticks.push_back({Full * (i - first) / (last - first), text.of(i)});
+    const auto spaces = static_cast<int>(std::lround(last - first));
+    for (int i = 0; i <= spaces; ++i)
+        axis.ticks.push_back({Full * i / spaces, text.of(first + i)});
     return {first * step, last * step};
 }
 

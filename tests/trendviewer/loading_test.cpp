@@ -7,15 +7,11 @@
 namespace velt {
 namespace {
 
-TEST(LoadingTest, TheNameStandsInTheQueryAsItIs) {
+TEST(LoadingTest, ANameOfTwoWordsIsRefused) {
     fakes::FakeServices services;
     fakes::FakeDatabase& database = services.fakeDatabase;
     const Date start = Date::fromFields({2006, 3, 14, 10, 0, 0, 0});
     const Date end = start.addSeconds(60);
-    EXPECT_EQ(CreaQuery(database, "Order", start, end),
-              "SELECT Data, Valore FROM Order WHERE " +
-                  database.DateCondition("Data", true, start, true, end) + " ORDER BY Data");
-
     const auto read = [&] {
         return leggiTrend(database, services.recordsets(), apriDatabase(database, "a.mdb"),
                           "Due Parole", start, end);

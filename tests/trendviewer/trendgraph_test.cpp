@@ -44,8 +44,9 @@ TEST_F(TrendGraphTest, LoadsThePensInUseAndDraws) {
     EXPECT_EQ(refresh(), "");
     EXPECT_THAT(database().log,
                 ElementsAre("GetConnection D:\\Dati\\RTU01.MDB '' '' 60 3 3", "Connection.Open",
-                            query("Livello") + " | 3 3 1 -1", "Recordset.Close",
-                            query("Pompa") + " | 3 3 1 -1", "Recordset.Close"));
+                            "SELECT Data, Valore FROM Livello WHERE Data in 3351492000..3351495600 "
+                            "ORDER BY Data | 3 3 1 -1",
+                            "Recordset.Close", query("Pompa") + " | 3 3 1 -1", "Recordset.Close"));
     EXPECT_THAT(pointer.shapes, ElementsAre(11, 0));
     EXPECT_EQ(drawn(), "Livello[m]3 [] Pompa[]2 Portata[l/s] ") << "a missing table: an empty pen";
     const ChartContents& contents = *chart.plots[0];

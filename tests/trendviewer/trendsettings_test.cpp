@@ -43,6 +43,9 @@ TEST_F(TrendSettingsTest, RestoresWhatItHasSaved) {
     EXPECT_EQ(positions(), "0 -1 -1 -1 -1 -1");
     EXPECT_EQ(cmbScala.ListIndex(), 2) << "a scale that is not stored leaves the choice";
     cmbScala.ListIndex(0);
+    cmbVRX.ListIndex(0);
+    penne[0].cmbTrend.ListIndex(1);
+    chkAutoUpdate.toggle();
     saved() = keys;
     chart.plots.clear();
     viewer.FileIni("a.ini");

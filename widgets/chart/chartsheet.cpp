@@ -39,11 +39,11 @@ void paintSummary(QPainter& painter, const QRectF& area, const ChartDrawing& dra
         double x = area.left();
         for (int c = 0; c < texts.size(); ++c) {
             const double width = widths[std::size_t(c)];
-            painter.drawText(
-                QRectF(x, y, width, metrics.height()),
-                Qt::AlignVCenter | (isSummaryNumber(c) ? Qt::AlignRight : Qt::AlignLeft),
-                c == SummaryNameColumn ? metrics.elidedText(texts[c], Qt::ElideRight, width)
-                                       : texts[c]);
+            const int side = isSummaryNumber(c) ? Qt::AlignRight : Qt::AlignLeft;
+            painter.drawText(QRectF(x, y, width, metrics.height()), Qt::AlignVCenter | side,
+                             c == SummaryNameColumn
+                                 ? metrics.elidedText(texts[c], Qt::ElideRight, width)
+                                 : texts[c]);
             x += width + Between;
         }
         y += metrics.height();

@@ -15,7 +15,6 @@ namespace {
 constexpr double Padding = 5;
 constexpr double NumberRoom = 18;  // before a line, for the number of its pen
 constexpr double FromCursor = 10;  // of the box
-constexpr const char* MarkerNames[] = {"A", "B"};
 
 QString text(const std::string& utf8) { return qt::toQt(utf8); }
 
@@ -114,7 +113,7 @@ void paintMarkers(QPainter& painter, const ChartDrawing& drawing, const ChartGeo
         const QRectF flag(x - 8, plot.top() - metrics.height(), 16, metrics.height());
         painter.fillRect(flag, drawing.colors.text);
         painter.setPen(drawing.colors.background);
-        painter.drawText(flag, Qt::AlignCenter, QLatin1String(MarkerNames[m]));
+        painter.drawText(flag, Qt::AlignCenter, m == 0 ? QStringLiteral("A") : QStringLiteral("B"));
     }
     if (!markers[0] || !markers[1]) return;
     const QString title =
