@@ -99,8 +99,7 @@ Bounds addRoundTicks(ValueAxis& axis, Bounds bounds, const Locale& locale) {
     const double last = std::ceil(bounds.high / step - Finest);
     const TickText text(step, std::max(std::abs(first), std::abs(last)) * step, locale);
     const auto spaces = static_cast<int>(std::lround(last - first));
-    for (int i = 0; i <= spaces; ++i)
-        axis.ticks.push_back({Full * i / spaces, text.of(first + i)});
+    for (int i = 0; i <= spaces; ++i) axis.ticks.push_back({Full * i / spaces, text.of(first + i)});
     return {first * step, last * step};
 }
 

@@ -61,7 +61,7 @@ TEST_F(TrendGraphTest, LoadsThePensInUseAndDraws) {
 TEST_F(TrendGraphTest, WhatGoesWrongIsToldAndTheChartStays) {
     startWith();
     choose(0, 1);
-    const std::string error = "Error 48: Errore nella Procedura AggiornaGrafico\r\nErrore Numero: ";
+    const std::string error = "Error48Errore nella Procedura AggiornaGrafico\r\nErrore Numero: ";
     database().failures.emplace(query("Livello"), RuntimeError(3343, "File danneggiato"));
     EXPECT_EQ(refresh(), error + "3343\r\nDescrizione: File danneggiato (tabella \"Livello\")");
     database().connectFailure = RuntimeError(3045, "File in uso");
@@ -71,7 +71,7 @@ TEST_F(TrendGraphTest, WhatGoesWrongIsToldAndTheChartStays) {
     EXPECT_EQ(refresh(), "") << "who has cancelled knows";
     EXPECT_THAT(pointer.shapes, ElementsAre(11, 0, 11, 0, 11, 0));
     services.files.files.clear();
-    EXPECT_EQ(refresh(), "Errore 48: Il File D:\\Dati\\RTU01.MDB non esiste!");
+    EXPECT_EQ(refresh(), "Errore48Il File D:\\Dati\\RTU01.MDB non esiste!");
     EXPECT_THAT(chart.plots, IsEmpty());
 
     services.files.files = {"D:\\Dati\\RTU01.MDB"};

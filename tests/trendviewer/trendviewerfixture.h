@@ -20,6 +20,7 @@ namespace velt {
 inline std::shared_ptr<const RowSet> trendRows(
     const Date& start, const std::vector<std::pair<double, Variant>>& samples) {
     std::vector<std::vector<Variant>> rows;
+    rows.reserve(samples.size());
     for (const auto& [seconds, value] : samples) rows.push_back({start.addSeconds(seconds), value});
     return std::make_shared<fakes::FakeRowSet>(std::vector<std::string>{"Data", "Valore"},
                                                std::move(rows));
@@ -60,7 +61,7 @@ protected:
         cmdAggiornaDati.click();
         std::string told;
         for (const auto& [text, style, title] : services.messages.shown)
-            told += title + " " + std::to_string(style) + ": " + text;
+            told.append(title).append(std::to_string(style)).append(text);
         return told;
     }
     fakes::FakeDatabase& database() { return services.fakeDatabase; }
@@ -72,8 +73,8 @@ protected:
         return services.settingsFactory.files["a.ini"]["TrendViewer_TrendViewer1"];
     }
     static std::vector<std::string> entries(const ComboBox& list) {
-        std::vector<std::string> texts;
-        for (int i = 0; i < list.ListCount(); ++i) texts.push_back(list.List(i));
+        std::vector<std::string> texts(static_cast<std::size_t>(list.ListCount()));
+        for (int i = 0; i < list.ListCount(); ++i) texts[std::size_t(i)] = list.List(i);
         return texts;
     }
     /// Of the range list, the station list and the trend lists.
