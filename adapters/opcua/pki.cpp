@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t MaxFile = 1024 * 1024;
+constexpr std::size_t MaxFile = 1'048'576;
 constexpr int MaxRejected = 100;
 
 [[noreturn]] void unusable(const fs::path& path) {

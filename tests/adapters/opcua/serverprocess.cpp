@@ -47,6 +47,9 @@ std::string ServerProcess::endpoint() const {
     return "opc.tcp://127.0.0.1:" + std::to_string(port_);
 }
 
-void ServerProcess::signal(int number) const { kill(process_, number); }
+void ServerProcess::signal(int number) const {
+    kill(process_, number);
+    if (number == SIGSTOP) waitpid(process_, nullptr, WUNTRACED);  // it stops a moment later
+}
 
 }  // namespace velt::opcua::test
