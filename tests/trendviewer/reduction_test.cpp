@@ -49,7 +49,8 @@ TEST(ReductionTest, CountsOnlyWhatLiesInViewAndDrawsTheLineBeyondIt) {
 }
 
 TEST(ReductionTest, APointHoldsTheExtremesWhereverTheyStandAndHoweverManyBreaksThereAre) {
-    for (const std::size_t spike : {0, 1, 499, 500, 777, 998, 999, 4998, 4999})
+    constexpr std::size_t spikes[] = {0, 1, 499, 500, 777, 998, 999, 4998, 4999};
+    for (const std::size_t spike : spikes)
         for (const bool broken : {false, true}) {
             SCOPED_TRACE(spike);
             std::vector<std::pair<double, double>> values;
