@@ -47,6 +47,7 @@ public:
     template <typename T>
     requires(!std::is_same_v<std::decay_t<T>, Variant> &&
              std::is_constructible_v<Storage, std::in_place_type_t<std::decay_t<T>>, T>)
+        // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): the requirement excludes Variant
         Variant(T&& value)
         : value_(std::in_place_type<std::decay_t<T>>, std::forward<T>(value)) {}
 

@@ -178,9 +178,9 @@ void call(sqlite3_context* result, int count, sqlite3_value** values) {
 }
 
 struct Entry {
-    const char* name;
-    int arguments;
-    void (*call)(sqlite3_context*, int, sqlite3_value**);
+    const char* name = nullptr;
+    int arguments = 0;
+    void (*call)(sqlite3_context*, int, sqlite3_value**) = nullptr;
     bool constant = true;  ///< equal arguments give an equal result
 };
 
