@@ -38,7 +38,7 @@ struct Face {
     ControlWidget* (*make)(QWidget* parent);
     const char* tabs;      ///< where Tab goes
     QSize least, most;     ///< of its minimum size
-    const char* captions;  ///< titles, texts, tool tips and formats; empty: tested elsewhere
+    const char* captions;  ///< titles, texts, tool tips and formats
 };
 
 const Face faces[] = {
@@ -47,39 +47,37 @@ const Face faces[] = {
      "chkNonGood lvItem txtScrittura cmdScrivi ",
      {600, 280},
      {800, 420},
-     "Elenco Item|&Filtro:|Mostra solo gli Item il cui nome contiene questo testo|Solo &qualità "
-     "non "
-     "Good|Nasconde gli Item con qualità \"Good\"|0 Item|Scrittura|Nessun Item "
-     "selezionato|Immettere "
-     "il valore da scrivere (\";\" separatore per array)|S&crivi|Esegue la scrittura dell'Item "
-     "selezionato|Elenco RTU|Aggiorna Elenco &RTU|&Seleziona Tutti|&Deseleziona Tutti|&Aggiorna "
-     "Variabili|&Elimina Tutto"},
+     "Elenco Item|&Filtro:|Mostra solo gli Item il cui nome contiene questo testo|Solo "
+     "&qualità non Good|Nasconde gli Item con qualità \"Good\"|0 Item|Scrittura|Nessun Item "
+     "selezionato|Immettere il valore da scrivere (\";\" separatore per array)|S&crivi|Esegue "
+     "la scrittura dell'Item selezionato|Elenco RTU|Aggiorna Elenco &RTU|&Seleziona Tutti|"
+     "&Deseleziona Tutti|&Aggiorna Variabili|&Elimina Tutto"},
     {make<AlarmViewer>,
      "chkDataIniziale DataIniziale TimeIniziale chkDataFinale DataFinale TimeFinale chkAllarme "
      "cmbAllarme lvVRX cmdSeleziona cmdDeseleziona cmdAggiornaVRX cmdAggiornaDati ",
      {600, 300},
      {800, 400},
-     "Premere \"Aggiorna Dati\" per leggere gli allarmi.| Periodo |Data "
-     "iniziale|01/01/2000|dd/MM/yyyy|"
-     "00.00|HH.mm|Data finale|01/01/2000|dd/MM/yyyy|00.00|HH.mm| Allarme |Abilita condizione| "
-     "Stazioni "
-     "RTU |&Seleziona Tutti|&Deseleziona Tutti|      Aggiorna lista     &RTU e Allarmi|&Aggiorna "
-     "Dati|"
-     "Primo record|Record precedente|Record successivo|Ultimo record"},
+     "Premere \"Aggiorna Dati\" per leggere gli allarmi.| Periodo |Data iniziale|01/01/2000|"
+     "dd/MM/yyyy|00.00|HH.mm|Data finale| Allarme |Abilita condizione| Stazioni RTU |"
+     "&Seleziona Tutti|&Deseleziona Tutti|      Aggiorna lista     &RTU e Allarmi|&Aggiorna "
+     "Dati|Primo record|Record precedente|Record successivo|Ultimo record"},
     {make<TrendViewer>,
      "cmbVRX cmbRange DataIniziale TimeIniziale DataFinale TimeFinale cmdIndietro2 cmdIndietro "
      "cmdAvanti cmdAvanti2 cmdAggiornaDati chkAutoUpdate chkNormalizzato cmbScala colore1 "
      "cmbTrend0 colore2 cmbTrend1 colore3 cmbTrend2 colore4 cmbTrend3 chart ",
      {700, 400},
      {1000, 640},
-     ""},
+     " Intervallo |S&tazione:|&Durata:|&Inizio:|01/01/2000|dd/MM/yyyy|00.00|HH.mm|&Fine:|<<|"
+     "Indietro di mezzo intervallo|<|Indietro di un quarto dell'intervallo|>|Avanti di un "
+     "quarto dell'intervallo|>>|Avanti di mezzo intervallo|&Aggiorna Dati|Aggiornamento "
+     "automatico|Grafico normalizzato|Sca&la:| Penne |Clic: mostra o nasconde la penna. "
+     "Doppio clic: sceglie il colore.|●|La penna è visibile"},
     {make<ConnViewer>,
      "lvVRX cmdConnetti cmdDisconnetti cmdDownload cmdDownloadAll ",
      {629, 274},
      {629, 274},
-     "Nome Progetto:|Versione:|Hostname:|RTU:|Stato:|Log:|Stazioni "
-     "RTU|Connetti|Disconnetti|Download|"
-     "Download tutte le stazioni"}};
+     "Nome Progetto:|Versione:|Hostname:|RTU:|Stato:|Log:|Stazioni RTU|Connetti|Disconnetti|"
+     "Download|Download tutte le stazioni"}};
 
 class FacesTest : public testing::Test {
 protected:
@@ -100,6 +98,7 @@ TEST_F(FacesTest, BearTheCaptionsThatOperatorsKnowInEveryLocale) {
                 if (!widget->objectName().startsWith("qt_"))
                     texts.append(widget->property(property).toString());
         texts.removeAll(QString());
+        texts.removeDuplicates();
         return texts.join("|").toStdString();
     };
     const QLocale before;
@@ -109,7 +108,7 @@ TEST_F(FacesTest, BearTheCaptionsThatOperatorsKnowInEveryLocale) {
         for (std::size_t i = 0; i < controls.size(); ++i) {
             const std::string own = captions(*controls[i]);
             EXPECT_EQ(captions(*faces[i].make(&parent)), own);
-            EXPECT_EQ(own, *faces[i].captions ? faces[i].captions : own);
+            EXPECT_EQ(own, faces[i].captions);
         }
     }
     QLocale::setDefault(before);

@@ -82,7 +82,9 @@ TEST_F(ViewsTest, TheButtonsMoveTheCurrentRowAndStopAtTheEnds) {
     EXPECT_EQ(side.qGrid->model()->rowCount(), 0);
 }
 
-TEST_F(ViewsTest, AdaptersOutliveTheirWidgetsAndKeepWhatTheyHeld) {
+TEST_F(ViewsTest, AdaptersAnswerForTheirWidgetsAlsoWhenThoseAreGone) {
+    side.combo.AddItem("uno");
+    EXPECT_EQ(side.qCombo->currentIndex(), -1) << "Qt would select it";
     side.list.Add("k", "RTU01");
     side.list.Checked(1, true);
     side.window.reset();
