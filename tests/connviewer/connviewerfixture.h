@@ -41,27 +41,6 @@ protected:
     /// The client that was made last.
     fakes::FakeRuntimeClient& client() { return *services.runtimes.made.back().lock(); }
     Texts listed() const { return lvVRX.texts(); }
-    ConnViewerForm form() {
-        std::array<Frame*, 7> labels{};
-        for (std::size_t i = 0; i < labels.size(); ++i) labels[i] = &captions[i];
-        return {frmSelezioneDati,
-                labels,
-                lblHostname,
-                lblProgetto,
-                lblVersione,
-                lblVRX,
-                lblStato,
-                lblLog,
-                lvVRX,
-                columns,
-                icons,
-                cmdConnetti,
-                cmdDisconnetti,
-                cmdDownload,
-                cmdDownloadAll,
-                t,
-                {control, frame, logPlace, list}};
-    }
 
     fakes::FakeAmbient ambient;
     fakes::FakeServices services;
@@ -75,7 +54,25 @@ protected:
     fakes::FakeTimer t;
     fakes::FakeSurface control;
     fakes::FakePlaced frame{0, 0, 1, 1}, logPlace{100, 100, 1, 1}, list{6000, 300, 3000, 1};
-    std::unique_ptr<ConnViewer> viewer = std::make_unique<ConnViewer>(form(), ambient, services);
+    ConnViewerForm form{frmSelezioneDati,
+                        {&captions[0], &captions[1], &captions[2], &captions[3], &captions[4],
+                         &captions[5], &captions[6]},
+                        lblHostname,
+                        lblProgetto,
+                        lblVersione,
+                        lblVRX,
+                        lblStato,
+                        lblLog,
+                        lvVRX,
+                        columns,
+                        icons,
+                        cmdConnetti,
+                        cmdDisconnetti,
+                        cmdDownload,
+                        cmdDownloadAll,
+                        t,
+                        {control, frame, logPlace, list}};
+    std::unique_ptr<ConnViewer> viewer = std::make_unique<ConnViewer>(form, ambient, services);
 };
 
 }  // namespace velt
