@@ -9,12 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <arpa/inet.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <chrono>
-#include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -45,27 +41,6 @@ protected:
     std::function<void(const std::string&)> log_ = [this](const std::string& text) {
         logged_.push_back(text);
     };
-};
-
-/// A port of this machine that takes connections and says nothing.
-class MutePort {
-public:
-    MutePort() : port_(freePort()) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_port = htons(port_);
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        EXPECT_EQ(bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        EXPECT_EQ(listen(socket_, 5), 0);
-    }
-    ~MutePort() { close(socket_); }
-    MutePort(const MutePort&) = delete;
-    MutePort& operator=(const MutePort&) = delete;
-    [[nodiscard]] std::string node() const { return "127.0.0.1:" + std::to_string(port_); }
-
-private:
-    int socket_ = socket(AF_INET, SOCK_STREAM, 0);
-    std::uint16_t port_;
 };
 
 }  // namespace velt::opcua::test

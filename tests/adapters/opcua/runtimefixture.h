@@ -32,9 +32,6 @@ struct Panel {
             states[station].push_back(code);
         });
     }
-    [[nodiscard]] bool has(const std::string& event) const {
-        return std::ranges::count(events, event) > 0;
-    }
     [[nodiscard]] bool shows(const std::string& station, std::int32_t code) const {
         const auto known = states.find(station);
         return known != states.end() && known->second.back() == code;
@@ -67,7 +64,7 @@ protected:
         return until([&] { return panel.shows(station, code); });
     }
     [[nodiscard]] bool comes(const std::string& event) {
-        return until([&] { return panel.has(event); });
+        return until([&] { return std::ranges::count(panel.events, event) > 0; });
     }
     /// Everything that was sent before has been answered after this.
     void settle(const std::string& station) {
@@ -75,8 +72,6 @@ protected:
         panel.client->RichiediStatoRTU(station);
         ASSERT_TRUE(until([&] { return panel.states[station].size() > before; }));
     }
-    /// Long enough for any call.
-    void pass() { clock.pass(1s); }
 
     HandClock clock;
     OpcUaRuntimeClientFactory factory{dispatcher_, {.configFile = {}, .log = log_}};

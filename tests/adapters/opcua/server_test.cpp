@@ -4,8 +4,6 @@
 #include "tests/adapters/opcua/serverfixture.h"
 #include "tests/errorof.h"
 
-#include <limits>
-
 namespace velt::opcua::test {
 namespace {
 
@@ -33,24 +31,12 @@ TEST_F(OpcUaServerTest, ListsBranchesFlattensFoldersAndNamesItsGroups) {
                                      "RTU01.Pompe.Stato.Dettaglio"));
     EXPECT_THAT(itemIDs("PC_Server"), IsEmpty());
     EXPECT_EQ(errorOf([&] { (void)itemIDs("RTU09"); }), ErrorNumber::InvalidCall);
-    // Walking by hand leads to the same names.
-    const auto browser = server_->CreateBrowser();
-    browser->MoveDown("RTU01");
-    browser->ShowBranches();
-    EXPECT_THAT(namesOf(*browser), ElementsAre("Pompe"));
-    browser->MoveDown("Pompe");
-    browser->ShowLeafs();
-    EXPECT_EQ(browser->GetItemID("Stato"), "RTU01.Pompe.Stato");
-
     EXPECT_EQ(errorOf([&] { (void)server_->OPCGroups().Add("Group"); }), ErrorNumber::KeyInUse);
     EXPECT_EQ(errorOf([&] { server_->Connect("x", server.endpoint()); }), ErrorNumber::InvalidCall);
     ASSERT_THAT(add(itemIDs("RTU01")), SizeIs(4));
     server_->OPCGroups().Remove("Group");
     EXPECT_TRUE(until([&] { return server.monitored() == 0; }));
     EXPECT_EQ(errorOf([&] { server_->OPCGroups().Remove("Group"); }), ErrorNumber::InvalidCall);
-    server_->Disconnect();
-    connect(server.endpoint());
-    EXPECT_THAT(add(itemIDs("RTU01")), SizeIs(4));
     EXPECT_THAT(shutDowns_, IsEmpty());
 }
 
@@ -87,13 +73,11 @@ TEST_F(OpcUaServerTest, ShowsValuesOfTheItemsThatWereAdded) {
 }
 
 TEST_F(OpcUaServerTest, SplitsRequestsForServersWithLimits) {
-    constexpr std::size_t Folders = 11;
-    constexpr std::size_t PerFolder = 100;
     TestServer server([](Builder& build) {
         const NodeId rtu = build.folder("RTU01");
-        for (std::size_t f = 0; f < Folders; ++f) {
+        for (std::size_t f = 0; f < 11; ++f) {
             const NodeId folder = build.folder("F" + std::to_string(f), rtu);
-            for (std::size_t v = 0; v < PerFolder; ++v) {
+            for (std::size_t v = 0; v < 100; ++v) {
                 const std::string name = std::to_string(1000 * f + v);
                 build.variable(name, folder, name);
             }
@@ -110,60 +94,11 @@ TEST_F(OpcUaServerTest, SplitsRequestsForServersWithLimits) {
     (void)branches();
     server_->ExpectBranches({"RTU01"});
     const auto items = add(itemIDs("RTU01"));
-    ASSERT_THAT(items, SizeIs(Folders * PerFolder));
+    ASSERT_THAT(items, SizeIs(1'100));
     ASSERT_TRUE(until([&] { return shown_.size() == items.size(); }));
     for (const auto& [id, item] : items) {
         EXPECT_EQ(item->CanonicalDataType(), vartype::BStr);
         EXPECT_EQ(shown_[item->ClientHandle()].value, Variant(id.substr(id.rfind('.') + 1)));
-    }
-}
-
-TEST_F(OpcUaServerTest, WritesWhatTheServerTakesAndTellsWhyItDoesNot) {
-    TestServer server([](Builder& build) {
-        const NodeId rtu = build.folder("RTU01");
-        OwnedVariant word;
-        const UA_UInt16 number = 7;
-        UA_Variant_setScalarCopy(word.get(), &number, &UA_TYPES[UA_TYPES_UINT16]);
-        build.variable("Parola", rtu, word, true);
-        build.variable("Testo", rtu, "prima", true);
-        build.variable("Lista", rtu, std::vector<std::int32_t>{1}, true);
-        build.variable("Fisso", rtu, 1.0, false);
-        build.variable("Enorme", rtu, std::string(8'000'000, 'x'));
-        build.variable("Nulla", rtu, OwnedVariant());
-    });
-    connect(server.endpoint());
-    const auto items = add(itemIDs("RTU01"));
-    EXPECT_EQ(items.at("RTU01.Nulla")->CanonicalDataType(), 12);
-    ASSERT_TRUE(until([&] { return shown_.size() == items.size(); }));
-    const Variant& huge = shown_[items.at("RTU01.Enorme")->ClientHandle()].value;
-    EXPECT_THAT(huge.get<std::string>(), SizeIs(Lt(70'000u)));
-    const auto valueOf = [&server](const char* name) {
-        Variant value;
-        server.run([&](Builder& build) { value = build.read(Builder::named(name)); });
-        return value;
-    };
-    struct Case {
-        const char* name;
-        Variant value;
-        const char* problem;  ///< in the error; "" when it is written
-    };
-    for (const Case& c : {
-             Case{"Parola", 65535, ""},
-             {"Parola", 65536, "tra 0 e 65535"},
-             {"Parola", "12", "un numero"},
-             {"Testo", "sì", ""},
-             {"Lista", std::vector<std::int32_t>{4, 5}, ""},
-             {"Lista", 4, "un array"},
-             {"Fisso", 2.0, "sola lettura"},
-         }) {
-        const Variant before = valueOf(c.name);
-        const RuntimeError error =
-            raisedBy([&] { items.at(std::string("RTU01.") + c.name)->Write(c.value); });
-        const bool written = *c.problem == '\0';
-        EXPECT_EQ(error.Number() == 0, written) << error.Description();
-        EXPECT_FALSE(error.is(ErrorNumber::TypeMismatch)) << "would pass for bad text";
-        EXPECT_THAT(error.Description(), HasSubstr(c.problem));
-        EXPECT_EQ(valueOf(c.name), written ? c.value : before) << c.name;
     }
 }
 

@@ -53,12 +53,9 @@ public:
     /// `populate` fills it before it starts.
     explicit TestServer(std::function<void(Builder&)> populate, std::uint16_t port = 0);
 
-    [[nodiscard]] std::uint16_t port() const { return server_->port(); }
     [[nodiscard]] std::string endpoint() const { return server_->endpoint(); }
     /// Has the server's thread carry this out, and waits for it.
     void run(const std::function<void(Builder&)>& command);
-    /// Closes all connections without a word.
-    void stop() { server_.reset(); }
     /// How many items clients monitor at present.
     [[nodiscard]] int monitored() const;
 
