@@ -3,8 +3,6 @@
 
 #include "tests/program.h"
 
-#include <utility>
-
 namespace velt::cli {
 
 using test::Outcome;
