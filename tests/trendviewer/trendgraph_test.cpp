@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/errorof.h"
 #include "tests/trendviewer/trendviewerfixture.h"
 #include "trendviewer/modcolor.h"
 
@@ -59,6 +60,7 @@ TEST_F(TrendGraphTest, LoadsThePensInUseAndDraws) {
 }
 
 TEST_F(TrendGraphTest, WhatGoesWrongIsToldAndTheChartStays) {
+    config("VRX0")["G3V0"] = "Due Parole";
     startWith();
     choose(0, 1);
     const std::string error = "Error48Errore nella Procedura AggiornaGrafico\r\nErrore Numero: ";
@@ -78,6 +80,11 @@ TEST_F(TrendGraphTest, WhatGoesWrongIsToldAndTheChartStays) {
     database().failures.clear();
     EXPECT_EQ(refresh(), "");
     EXPECT_EQ(drawn(), "Livello[m]0 [] [] [] ") << "the next refresh tries anew";
+    choose(0, 3);
+    EXPECT_EQ(refresh(), error +
+                             "3075\r\nDescrizione: Il nome di una tabella di trend non può "
+                             "contenere spazi (tabella \"Due Parole\")")
+        << "a blank would make two names of it";
 }
 
 TEST_F(TrendGraphTest, ASwatchHidesAndShowsItsPen) {
@@ -101,17 +108,14 @@ TEST_F(TrendGraphTest, ASwatchHidesAndShowsItsPen) {
 TEST_F(TrendGraphTest, ADoubleClickChoosesTheColour) {
     startWith();
     const OleColor before = penne[3].colore.BackColor();
-    const auto chosen = [&](std::optional<OleColor> answer, bool fails) {
-        dlgChart.answer = answer;
-        if (fails) dlgChart.failure = RuntimeError(ErrorNumber::InvalidCall);
+    const auto shown = [&] {
         penne[3].colore.doubleClick();
-        dlgChart.failure.reset();
         return penne[3].colore.BackColor();
     };
-    EXPECT_EQ(chosen(std::nullopt, false), before) << "cancelled";
+    EXPECT_EQ(shown(), before) << "cancelled";
     EXPECT_EQ(dlgChart.preset, before);
-    EXPECT_EQ(chosen(modColor::Componi(1, 2, 3), true), before) << "failed";
-    EXPECT_EQ(chosen(modColor::Componi(1, 2, 3), false), modColor::Componi(1, 2, 3));
+    dlgChart.answer = modColor::Componi(1, 2, 3);
+    EXPECT_EQ(shown(), dlgChart.answer);
     EXPECT_THAT(chart.colors[3], ElementsAre(1, 2, 3));
     EXPECT_THAT(chart.plots, IsEmpty());
 }
@@ -138,6 +142,21 @@ TEST_F(TrendGraphTest, DesignTimeTouchesNothingAndTerminateMayComeTwice) {
     EXPECT_FALSE(t.Enabled() || tmr.Enabled());
     EXPECT_EQ(refresh(), "");
     EXPECT_EQ(chart.plots.size(), 1u) << "an operator who goes on";
+}
+
+TEST(LoadingTest, AWindowTooLongAndOneThatIsStoppedDrawNothing) {
+    TrendLoading loading;
+    loading.start = Date::fromFields({1900, 1, 1});
+    loading.end = Date::fromFields({2000, 1, 1});
+    EXPECT_EQ(errorOf([&] { loading.run(); }), ErrorNumber::Overflow) << "beyond 32 bits";
+    loading.end = loading.start.addSeconds(60);
+    loading.rows[0] = trendRows(loading.start, {{0, 1.0}});
+    std::stop_source source;
+    source.request_stop();
+    loading.run(source.get_token());
+    EXPECT_EQ(loading.contents, nullptr);
+    loading.run();
+    EXPECT_NE(loading.contents, nullptr);
 }
 
 }  // namespace
