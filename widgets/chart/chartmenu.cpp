@@ -97,7 +97,7 @@ QMenu* makeChartMenu(TrendChart& chart) {
 
     add(QStringLiteral("&Copia immagine"), QStringLiteral("Ctrl+C"), hasContents,
         [c] { copyPicture(*c); });
-    add(QStringLiteral("Salva &immagine..."), {}, hasContents, [c] {
+    add(QStringLiteral("Salva imma&gine..."), {}, hasContents, [c] {
         askAndSave(*c, QStringLiteral("Salva immagine"), QStringLiteral("Immagini PNG (*.png)"),
                    QStringLiteral("png"), savePicture);
     });
