@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QFile>
-#include <QString>
-
-#include <stdexcept>
-
 namespace velt::test {
 
 struct FormControl {
@@ -22,12 +17,5 @@ inline constexpr FormControl formControls[] = {
     {"TrendViewer1", "velt::ui::TrendViewer", "File", "dati/VeltRTU.ini"},
     {"ConnViewer1", "velt::ui::ConnViewer", "File", "dati/VeltRTU.ini"},
 };
-
-/// A form as the designer saves it, with all controls in tabs, splitters and a main window.
-inline QString formFile() {
-    QFile file(VELT_FORM);
-    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("form.ui is missing");
-    return QString::fromUtf8(file.readAll());
-}
 
 }  // namespace velt::test

@@ -5,7 +5,7 @@
 #include "ui_form.h"
 #include "widgets/controlwidget.h"
 
-#include <QTabWidget>
+#include <QFile>
 #include <QUiLoader>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 

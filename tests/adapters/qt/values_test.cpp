@@ -33,8 +33,7 @@ TEST(SortTextTest, SortsAsAnOperatorExpects) {
         {"", "-3", "0", "9", "9,5", "10", "1.000", "1,5E+20", "Vero"},
         {"RTU1.Livello", "rtu2.livello", "RTU10.Livello", "Ümlaut", "zeta"},
         {"28/02/2006 23.59.59", "14/03/2006 07.00.00", "14/03/2006 18.00.00", "01/01/2007"},
-        {"10", "12.5"},  // the second is a text, for the point is no decimal sign here
-        {"Bad", "Good", "Quality N° 5", "Quality N° 65"}};
+        {"10", "12.5"}};  // the second is a text, for the point is no decimal sign here
     for (const auto& expected : cases) {
         std::vector<std::string> texts(expected.rbegin(), expected.rend());
         std::ranges::stable_sort(texts, {},

@@ -32,10 +32,8 @@ struct Fakes {
 
     void toggle() { box.toggle(); }
     void editHour(int hour) { time.edit(withHour(time.Value(), hour)); }
-    void choose(int index) { combo.ListIndex(index); }
     void click(int row) { list.click(row); }
     void doubleClick(int row) { list.doubleClick(row); }
-    void activate(int row) { list.activate(row); }
     void moveTo(int position) { data.moveTo(position); }
     void drag(int column, int pixels) { grid.drag(column, pixels * TwipsPerPixel); }
 
@@ -88,11 +86,6 @@ struct Real {
         QTest::keyClick(qTime, Qt::Key_Return);
         settle();
     }
-    void choose(int index) {
-        QTest::keyClick(qCombo, Qt::Key_Home);
-        for (int i = 0; i < index; ++i) QTest::keyClick(qCombo, Qt::Key_Down);
-        settle();
-    }
     static QPoint place(const QTableView* view, int row) {
         return view->visualRect(view->model()->index(row - 1, 0)).center();
     }
@@ -101,11 +94,6 @@ struct Real {
         settle();
     }
     void click(int row) { click(qList, row); }
-    void activate(int row) {
-        qList->setCurrentIndex(qList->model()->index(row - 1, 0));
-        QTest::keyClick(qList, Qt::Key_Enter);
-        settle();
-    }
     void doubleClick(int row) {
         click(row);
         QTest::mouseDClick(qList->viewport(), Qt::LeftButton, {}, place(qList, row));
@@ -116,11 +104,11 @@ struct Real {
         QHeaderView* header = qGrid->horizontalHeader();
         const int border = header->sectionViewportPosition(column) + header->sectionSize(column);
         const QPoint from(border - 1, header->height() / 2);
-        const int step = pixels - header->sectionSize(column);
+        const QPoint to = from + QPoint(pixels - header->sectionSize(column), 0);
         QTest::mousePress(header->viewport(), Qt::LeftButton, {}, from);
-        for (int i = 1; i <= 4; ++i)
-            QTest::mouseMove(header->viewport(), from + QPoint(step * i / 4, 0));
-        QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, from + QPoint(step, 0));
+        for (const QPoint& place : {(from + to) / 2, to})
+            QTest::mouseMove(header->viewport(), place);
+        QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, to);
         settle();
     }
 };
