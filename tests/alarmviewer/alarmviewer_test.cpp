@@ -1,14 +1,138 @@
 // SPDX-License-Identifier: MIT
-#include "tests/alarmviewer/alarmviewerfixture.h"
+#include "tests/alarmviewer/alarmviewerwidgets.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace velt {
 namespace {
 
+using testing::ElementsAre;
+using testing::IsEmpty;
 using Message = fakes::FakeMessageBox::Message;
-using AlarmViewerTest = AlarmViewerFixture;
 
 Message error(const char* text) { return {text, 48, "Error"}; }
 const Message FileIsMissing{"Il File Allarmi non esiste!", 48, "Errore"};
+
+const std::string AllAlarms =
+    "SELECT Data, VRX, Allarme, Descrizione, Evento FROM Allarmi ORDER BY Data";
+
+/// An alarm viewer on fakes; the file "allarmi.mdb" exists and lists three stations, two alarms.
+class AlarmViewerTest : public testing::Test, protected AlarmViewerWidgets {
+protected:
+    using Rows = std::vector<std::vector<Variant>>;
+
+    AlarmViewerTest() {
+        services.files.files.insert("allarmi.mdb");
+        answer(StationListQuery, {"VRX"}, {{"RTU01  "}, {"RTU02"}, {Null{}}, {"   "}, {"RTU03"}});
+        answer(AlarmListQuery, {"Allarme"}, {{"Livello alto"}, {"Pompa ferma"}});
+        answer(AllAlarms, {"Data", "a_b_c"}, {{Date(1.0), "x"}, {Date(2.0), "y"}});
+        ambient.displayName = "AlarmViewer1";
+    }
+    void answer(const std::string& query, std::vector<std::string> columns, Rows rows) {
+        database().answers[query] =
+            std::make_shared<fakes::FakeRowSet>(std::move(columns), std::move(rows));
+    }
+    /// As a host does it at run time.
+    void startWith(const std::string& file, const std::string& fileIni) {
+        viewer.File(file);
+        viewer.FileIni(fileIni);
+        viewer.Show();
+    }
+    fakes::FakeDatabase& database() { return services.fakeDatabase; }
+    /// What the operator was told since the last call.
+    std::vector<fakes::FakeMessageBox::Message> told() {
+        return std::exchange(services.messages.shown, {});
+    }
+    /// The keys that stand in this instance's section of "a.ini".
+    fakes::FakeSettingsFactory::Keys& saved() {
+        return services.settingsFactory.files["a.ini"]["AlarmViewer_AlarmViewer1"];
+    }
+
+    fakes::FakeServices services;
+    AlarmViewer viewer{form, ambient, services};
+};
+
+TEST_F(AlarmViewerTest, RestoresItsKeysAndLetsNothingWipeThem) {
+    saved() = {{"isStart", "0"},
+               {"isEnd", "1"},
+               {"startDate", "14/03/2006 07:30:00"},
+               {"endDate", "18/04/2006 07.31.00"},
+               {"AlarmCondition", "1"},
+               {"AlarmIndex", "0"},
+               {"ListCount", "9"},
+               {"List1", "1"},
+               {"List3", "1"}};
+    startWith("allarmi.mdb", "a.ini");
+    EXPECT_EQ(DataIniziale.Value(), Date::fromFields({2006, 3, 14, 7, 30}));
+    EXPECT_EQ(TimeIniziale.Value(), DataIniziale.Value());
+    EXPECT_EQ(cmbAllarme.Text(), "Livello alto");
+    EXPECT_THAT(checkedTexts(lvVRX), ElementsAre("RTU01", "RTU03"));
+
+    auto expected = saved();
+    expected["startDate"] = "14/03/2006 07.30.00";
+    expected["ListCount"] = "3";
+    expected["List2"] = "0";
+    viewer.Terminate();
+    EXPECT_EQ(saved(), expected);
+    viewer.Terminate();
+    EXPECT_EQ(saved(), expected) << "a second Terminate()";
+    EXPECT_EQ(services.settingsFactory.commits, 1);
+
+    services.files.files.clear();
+    cmdAggiornaVRX.click();
+    viewer.FileIni("a.ini");
+    viewer.Terminate();
+    EXPECT_EQ(saved(), expected) << "a share that is down";
+
+    services.files.files.insert("allarmi.mdb");
+    database().failures.emplace(AlarmListQuery, RuntimeError(3343, "Rotto"));
+    viewer.FileIni("a.ini");
+    cmdAggiornaVRX.click();
+    viewer.Terminate();
+    EXPECT_EQ(saved(), expected) << "lists filled only in part";
+}
+
+TEST_F(AlarmViewerTest, IgnoresWhatItCannotUse) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"AlarmIndex", "2"},  {"AlarmIndex", "-7"},    {"AlarmIndex", "1e99"}, {"ListCount", "-3"},
+        {"ListCount", "1.5"}, {"AlarmCondition", "x"}, {"isStart", "sì"},
+    };
+    startWith("allarmi.mdb", "");
+    for (const auto& [key, value] : cases) {
+        saved() = {{key, value}, {"List1", "1"}};
+        viewer.FileIni("a.ini");
+        EXPECT_EQ(cmbAllarme.ListIndex(), -1) << key << "=" << value;
+        EXPECT_THAT(checkedTexts(lvVRX), IsEmpty()) << key << "=" << value;
+        EXPECT_EQ(chkAllarme.Value() + chkDataIniziale.Value(), 0) << key << "=" << value;
+    }
+    cmbAllarme.ListIndex(1);
+    cmdSeleziona.click();
+    saved() = {{"AlarmIndex", "2"}, {"ListCount", "1"}, {"List1", "0"}};
+    viewer.FileIni("a.ini");
+    EXPECT_EQ(cmbAllarme.ListIndex(), 1) << "a stale index beyond the list is ignored";
+    EXPECT_THAT(checkedTexts(lvVRX), ElementsAre("RTU02", "RTU03")) << "not in the saved count";
+    cmdDeseleziona.click();
+    saved() = {};
+    viewer.FileIni("a.ini");
+    EXPECT_EQ(cmbAllarme.ListIndex(), -1) << "a missing one clears the selection";
+    EXPECT_THAT(checkedTexts(lvVRX), IsEmpty());
+}
+
+TEST_F(AlarmViewerTest, ColumnWidthsComeBack) {
+    saved() = {{"DGColumnWidth0", "2400"}, {"DGColumnWidth1", "largo"}};
+    startWith("allarmi.mdb", "a.ini");
+    cmdAggiornaDati.click();
+    EXPECT_EQ(dg.ColumnWidth(0), 2400);
+    EXPECT_EQ(dg.ColumnWidth(1), fakes::FakeDataGrid::DefaultWidth);
+    dg.drag(1, 1800);
+    EXPECT_EQ(saved()["DGColumnWidth1"], "1800");
+    cmdAggiornaDati.click();
+    EXPECT_EQ(dg.ColumnWidth(1), 1800);
+}
 
 TEST_F(AlarmViewerTest, TheFirstShowFillsTheListsAndSetsUpTheGrid) {
     database().connectionState = ado::StateClosed;
