@@ -28,17 +28,13 @@ TEST(TextCodec, DecodesStoredText) {
     } cases[] = {
         {Jet3, "pi\xF9 \x80", "più €"},
         {Jet3, "lungo abbastanza \x81", "lungo abbastanza \u0081"},
-        {Jet4, "A\0B\0"s, "AB"},
         {Jet4, "\xF9\0\xAC\x20"s, "ù€"},
         {Jet4, half + otherHalf, "\U0001F600"},
         {Jet4, half, "\uFFFD"},
-        {Jet4, half + "A\0"s, "\uFFFDA"},
         {Jet4, half + half + otherHalf, "\uFFFD\U0001F600"},
         {Jet4, otherHalf + "A\0"s, "\uFFFDA"},
         {Jet4, "A\0B"s, "A\uFFFD"},  // cut
         {Jet4, mark, ""},
-        {Jet4, mark + "Livello serbatoio", "Livello serbatoio"},
-        {Jet4, mark + "citt\xE0", "città"},
         {Jet4, mark + "a\0\xAC\x20\0b"s, "a€b"},  // plain for one character
         {Jet4, mark + "a\0\xAC\x20"s, "a€"},
         {Jet4, mark + "a\0\xAC"s, "a\uFFFD"},

@@ -48,46 +48,27 @@ TEST_F(WriterTest, RefusesTablesWithAnIndex) {
     EXPECT_EQ(Database::open(file_)->table("Indicizzata").columns().size(), 2U);
 }
 
-/// Lets no file of this process grow beyond `size`, as a full disk does.
-class FullDisk {
-public:
-    explicit FullDisk(std::uintmax_t size) {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        rlimit limit = before_;
-        limit.rlim_cur = size;
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        handler_ = std::signal(SIGXFSZ, SIG_IGN);
-    }
-    ~FullDisk() {
-        ::setrlimit(RLIMIT_FSIZE, &before_);
-        static_cast<void>(std::signal(SIGXFSZ, handler_));
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit before_{};
-    void (*handler_)(int) = nullptr;
-};
-
 TEST_F(WriterTest, FullDiskLeavesWhatWasThereAndGoesOnLater) {
     const std::vector<ColumnDefinition> columns{{"N", ColumnType::Long}, {"M", ColumnType::Memo}};
     const std::string memo(500, 'm');
     Writer writer = Writer::create(file_);
     writer.createTable("T", columns);
     std::int32_t rows = 0;
-    {
-        const FullDisk disk(500'000);
-        const auto append = [&] {
-            for (; rows < 10'000; ++rows) writer.append("T", Row{rows, memo});
-        };
-        expectError(ErrorNumber::PathAccess, "", append, file_);
-        expectError(
-            ErrorNumber::PathAccess, "", [&] { writer.flush(); }, file_);
-        const std::uint64_t readable = digest(Database::open(file_)->table("T")).rows;
-        EXPECT_GT(readable, 300U);
-        EXPECT_LE(readable, static_cast<std::uint64_t>(rows));
-    }
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit full{500'000, before.rlim_max};
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    const auto append = [&] {
+        for (; rows < 10'000; ++rows) writer.append("T", Row{rows, memo});
+    };
+    expectError(ErrorNumber::PathAccess, "", append, file_);
+    expectError(
+        ErrorNumber::PathAccess, "", [&] { writer.flush(); }, file_);
+    const std::uint64_t readable = digest(Database::open(file_)->table("T")).rows;
+    EXPECT_GT(readable, 300U);
+    EXPECT_LE(readable, static_cast<std::uint64_t>(rows));
+    ::setrlimit(RLIMIT_FSIZE, &before);
     for (; rows < 2'000; ++rows) writer.append("T", Row{rows, memo});
     writer.flush();
     Cursor cursor(Database::open(file_)->table("T"));
