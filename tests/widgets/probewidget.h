@@ -15,7 +15,6 @@ namespace velt::ui {
 struct Probe {
     std::string log;
     std::function<void()> onStart = [] {};
-    std::function<void()> onSource = [] {};
 };
 
 /// A control whose logic does nothing but say what happens to it; started by each show.
@@ -50,10 +49,7 @@ private:
             probe_.log += "start " + source() + ";";
             probe_.onStart();
         }
-        void sourceAssigned() override {
-            probe_.log += "source " + source() + ";";
-            probe_.onSource();
-        }
+        void sourceAssigned() override { probe_.log += "source " + source() + ";"; }
         void loadSettings() override { probe_.log += "settings " + section() + ";"; }
         void release() override { probe_.log += "release;"; }
 

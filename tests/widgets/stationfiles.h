@@ -27,15 +27,10 @@ public:
     void addTrend(const std::string& station, const std::string& table, const Date& start,
                   const std::vector<std::pair<double, Variant>>& samples,
                   jet::ColumnType type = jet::ColumnType::Double) const {
-        std::vector<std::vector<Variant>> rows;
-        for (const auto& [seconds, value] : samples)
-            rows.push_back({start.addSeconds(seconds), value});
-        addRows(station, table, rows, type);
-    }
-    void addRows(const std::string& station, const std::string& table,
-                 const std::vector<std::vector<Variant>>& rows, jet::ColumnType type) const {
         // Tables can be added only to a file that is being made: all are written again.
-        tables_[station].push_back({table, type, rows});
+        Table& added = tables_[station].emplace_back(Table{table, type, {}});
+        for (const auto& [seconds, value] : samples)
+            added.rows.push_back({start.addSeconds(seconds), value});
         std::filesystem::remove(database(station));
         jet::Writer writer = jet::Writer::create(database(station));
         for (const Table& each : tables_[station]) {
