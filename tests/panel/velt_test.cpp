@@ -136,7 +136,9 @@ TEST_F(VeltTest, WhatCannotBeDoneIsToldAndChangesNothing) {
     ASSERT_EQ(mkfifo((folder_ / "tubo").c_str(), 0600), 0);
     test::writeBytes(folder_ / "testo.mdb", std::string(10000, 'x'));
     std::vector<std::pair<std::vector<std::string>, std::string>> cases;
-    cases.push_back({{"sql", file_.string(), "SELECT 1; DELETE FROM Valori"}, ""});
+    const std::string attach = "ATTACH '" + (folder_ / "altro").string() + "' AS a";
+    for (const std::string& statement : {attach, std::string("SELECT 1; DELETE FROM Valori")})
+        cases.push_back({{"sql", file_.string(), statement}, ""});
     cases.push_back({{"sql", file_.string(), neverEnding, "--timeout=0.2"}, "Tempo scaduto"});
     for (const char* name : {"manca.mdb", "", "tubo", "testo.mdb"})
         cases.push_back({{"tables", (folder_ / name).string()}, name});
@@ -148,6 +150,7 @@ TEST_F(VeltTest, WhatCannotBeDoneIsToldAndChangesNothing) {
         EXPECT_THAT(outcome.error, AllOf(StartsWith("velt: error "), HasSubstr(problem))) << what;
     }
     EXPECT_EQ(test::bytesOf(file_), before);
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "altro"));
 }
 
 TEST_F(VeltTest, OutputThatIsLostIsAFailure) {
