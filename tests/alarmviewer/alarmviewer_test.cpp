@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "alarmviewer/querybuilder.h"
 #include "tests/alarmviewer/alarmviewerwidgets.h"
 
 #include <gmock/gmock.h>
@@ -223,6 +224,23 @@ TEST_F(AlarmViewerTest, AnEditedTimeIsCopiedIntoItsDate) {
     TimeFinale.edit(Date::fromFields({1999, 1, 1, 7, 30, 59, 500}));
     EXPECT_EQ(DataFinale.Value(), Date::fromFields({2006, 3, 14, 7, 30}));
     EXPECT_NE(DataIniziale.Value(), DataFinale.Value());
+}
+
+TEST_F(AlarmViewerTest, ComposesTheDataQuery) {
+    const std::pair<AlarmFilter, std::string> cases[] = {
+        {{}, ""},
+        {{.alarmEnabled = true, .alarm = "Pompa ferma", .stations = {"RTU01", "RTU07"}},
+         " WHERE (Allarme is <Pompa ferma> AND ((VRX = 'RTU01') OR (VRX = 'RTU07')))"},
+        {{.alarmEnabled = true, .alarm = ""}, ""},
+        {{.startEnabled = true, .start = Date(2), .stations = {"X"}},
+         " WHERE (Data in 172800..- AND ((VRX = 'X')))"},
+        // Quotes of a station name stay as they are.
+        {{.stations = {"L'Aquila"}}, " WHERE (((VRX = 'L'Aquila')))"},
+    };
+    for (const auto& [filter, where] : cases)
+        EXPECT_EQ(ComponiSQL(filter, database()),
+                  "SELECT Data, VRX, Allarme, Descrizione, Evento FROM Allarmi" + where +
+                      " ORDER BY Data");
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ TEST_P(RoundTrip, KeepsRowsOfEveryLength) {
     while (cursor.next()) EXPECT_LT(cursor.rowId().row, 255);
 }
 
-TEST_P(RoundTrip, TakesDefinitionsLongerThanAPage) {
+TEST_P(RoundTrip, TakesDefinitionsLongerThanAPageAndGrowsItsMaps) {
     std::vector<ColumnDefinition> columns;
     Row row;
     for (int i = 0; i < 255; ++i) {
@@ -82,14 +82,12 @@ TEST_P(RoundTrip, TakesDefinitionsLongerThanAPage) {
                                     : Variant(std::to_string(i)));
     }
     Writer writer = Writer::create(file_, GetParam());
-    writeAndExpect(writer, "T", columns, {row});
-}
+    writeAndExpect(writer, "Molte colonne", columns, {row});
 
-// The map of a table's pages needs its second map page, that of the memos no longer fits inline.
-TEST_P(RoundTrip, GrowsItsMaps) {
+    // The map of a table's pages needs its second map page, that of the memos no longer fits
+    // inline.
     const bool jet3 = GetParam() == Version::Jet3;
-    Writer writer = Writer::create(file_, GetParam());
-    const std::vector<ColumnDefinition> columns{{"N", ColumnType::Long}, {"M", ColumnType::Memo}};
+    columns = {{"N", ColumnType::Long}, {"M", ColumnType::Memo}};
     std::vector<Row> rows;
     const std::string memo(jet3 ? 1500 : 3500, 'm');  // one to a page
     for (std::int32_t i = 0; i < 3'000; ++i) rows.push_back({i, memo});
@@ -131,7 +129,6 @@ TEST_P(RoundTrip, IsReadAlikeByMdbExport) {
     writeTable(writer, "Seconda", columns, {});
 
     const std::string path = file_.string();
-    EXPECT_EQ(output("/usr/bin/mdb-tables", {"-1", path}), "Prima tabella\nSeconda\n");
     EXPECT_EQ(output("/usr/bin/mdb-export", {"-H", "-Q", "-d", "|", "-0", "<null>", "-T",
                                              "%Y-%m-%d %H:%M:%S", path, "Prima tabella"}),
               expected);
