@@ -136,6 +136,23 @@ TEST_F(ConnViewerTest, ButtonsAskAboutTheSelectedStation) {
     EXPECT_EQ(lblLog.Caption(), "");
 }
 
+TEST_F(ConnViewerTest, ErrorsOfEventsGoToTheHost) {
+    struct ReportingAmbient final : Ambient {
+        bool UserMode() const override { return true; }
+        std::string DisplayName() const override { return {}; }
+        void Handle(const std::function<void()>& handler) override {
+            reported.push_back(errorOf(handler));
+        }
+        std::vector<std::optional<ErrorNumber>> reported;
+    } host;
+    ConnViewer other(form, host, services);
+    other.Show();
+    client().link({"RTU01", "RTU01"});
+    client().active = false;
+    client().Errore.raise("x", "RTU01");
+    EXPECT_THAT(host.reported, ElementsAre(ErrorNumber::KeyInUse, ErrorNumber::ObjectNotSet));
+}
+
 TEST_F(ConnViewerTest, TerminateClosesTheLinkOnceAndDesignTimeTouchesNothing) {
     ambient.userMode = false;
     start();
