@@ -67,6 +67,7 @@ TEST_F(TrendWindowTest, OnlyWithAutoUpdateEveryChangeDrawsOnce) {
         change();
     }
     EXPECT_EQ(chart.plots.back()->start, DataIniziale.Value().milliseconds());
+    EXPECT_EQ(chart.plots.back()->divisions, 6);
 }
 
 using testing::IsSupersetOf;
