@@ -124,9 +124,9 @@ TEST_F(TrendSettingsTest, RestoresWhatItHasSaved) {
 
 TEST_F(TrendSettingsTest, IgnoresWhatItCannotUse) {
     const std::pair<const char*, const char*> cases[] = {
-        {"cmbRange", "13"},   {"cmbRange", "-2"},   {"cmbVRX", "2"},     {"cmbTrend1", "9"},
-        {"IndexScala", "4"},  {"IndexScala", "-1"}, {"IndexScala", "x"}, {"colore1", "giallo"},
-        {"AutoUpdate", "si"}, {"startDate", "ieri"}};
+        {"cmbRange", "13"},    {"cmbRange", "-1"},   {"cmbRange", "-2"},   {"cmbVRX", "2"},
+        {"cmbTrend1", "9"},    {"IndexScala", "4"},  {"IndexScala", "-1"}, {"IndexScala", "x"},
+        {"colore1", "giallo"}, {"AutoUpdate", "si"}, {"startDate", "ieri"}};
     startWith("a.ini");
     const auto color = penne[0].colore.BackColor();
     for (const auto& [key, value] : cases) {
