@@ -68,8 +68,8 @@ struct IniSettings::Save {
     std::atomic<bool> begun = false;
 };
 
-IniSettings::IniSettings(Clock& clock, IniOptions options)
-    : clock_(clock), options_(std::move(options)) {}
+IniSettings::IniSettings(Clock& clock, IniOptions options, std::shared_ptr<Unread> unread)
+    : clock_(clock), options_(std::move(options)), unread_(std::move(unread)) {}
 
 IniSettings::~IniSettings() { commit(); }
 
@@ -127,21 +127,31 @@ void IniSettings::ScriviIntero(const std::string& key, std::int16_t value) {
 std::optional<std::string> IniSettings::find(const std::string& key) {
     if (file_.empty()) return std::nullopt;
     if (!document_) load();
+    if (readable_)
+        unread_->erase({file_, section_});
+    else
+        unread_->insert({file_, section_});
     return document_->get(section_, key);
 }
 
 void IniSettings::load() {
     document_.emplace("");
+    readable_ = true;
     try {
         const std::string path = settingsPath(file_);
         if (const auto bytes = readFile(path)) document_ = documentOf(*bytes, path);
     } catch (const std::exception& error) {
-        report(options_, "Impostazioni non lette", error.what());  // the defaults hold
+        readable_ = false;  // the defaults hold
+        report(options_, "Impostazioni non lette", error.what());
     }
     for (const Change& change : changes_) document_->set(change.section, change.key, change.value);
 }
 
 void IniSettings::commit() {
+    const auto dropped = std::erase_if(changes_, [this](const Change& c) {
+        return unread_->contains({file_, c.section});
+    });
+    if (dropped > 0) report(options_, "Impostazioni non salvate", file_ + " non si era letto");
     if (changes_.empty()) return;
     const auto save = std::make_shared<Save>(options_, file_, std::exchange(changes_, {}));
     try {
@@ -158,7 +168,7 @@ IniSettingsFactory::IniSettingsFactory(Clock& clock, IniOptions options)
     : clock_(clock), options_(std::move(options)) {}
 
 std::unique_ptr<Settings> IniSettingsFactory::create() {
-    return std::make_unique<IniSettings>(clock_, options_);
+    return std::make_unique<IniSettings>(clock_, options_, unread_);
 }
 
 }  // namespace velt::ini

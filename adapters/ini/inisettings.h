@@ -12,7 +12,9 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace velt::ini {
@@ -31,11 +33,16 @@ struct IniOptions {
 /// read once, by the first value that is asked for. What was written goes to the file when the
 /// object is destroyed or gets another file: the file is then read again under a lock and only the
 /// keys that were written are changed, so that programs that save at once lose nothing. A save
-/// whose wait is cancelled goes on by itself. No member throws. Used by one thread at a time.
+/// whose wait is cancelled goes on by itself. A section that could not be read is not saved until
+/// it has been: its reader has defaults, which must not replace what it has not seen. No member
+/// throws. Used by one thread at a time.
 class VELT_API IniSettings final : public Settings {
 public:
+    /// File and section of each that the settings of a process have tried in vain to read.
+    using Unread = std::set<std::pair<std::string, std::string>>;
+
     /// `clock` must outlive the object.
-    IniSettings(Clock& clock, IniOptions options);
+    IniSettings(Clock& clock, IniOptions options, std::shared_ptr<Unread> unread);
     ~IniSettings() override;
     IniSettings(const IniSettings&) = delete;
     IniSettings& operator=(const IniSettings&) = delete;
@@ -69,12 +76,15 @@ private:
     [[nodiscard]] std::optional<std::string> find(const std::string& key);
     void load();
     void commit();
+
     Clock& clock_;
     IniOptions options_;
+    std::shared_ptr<Unread> unread_;
     std::string file_;
     std::string section_;
     std::vector<Change> changes_;  ///< not yet in the file, in the order of writing
     std::optional<IniDocument> document_;
+    bool readable_ = true;  ///< the file, when `document_` was read from it
 };
 
 class VELT_API IniSettingsFactory final : public SettingsFactory {
@@ -86,6 +96,7 @@ public:
 private:
     Clock& clock_;
     IniOptions options_;
+    std::shared_ptr<IniSettings::Unread> unread_ = std::make_shared<IniSettings::Unread>();
 };
 
 }  // namespace velt::ini

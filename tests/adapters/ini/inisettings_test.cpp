@@ -147,6 +147,30 @@ TEST_F(IniSettingsTest, PathsThatAreNoSettingsFileAreLoggedAndLeftAlone) {
     EXPECT_EQ(filesInFolder(), 4u);
 }
 
+TEST_F(IniSettingsTest, DefaultsDoNotReplaceWhatCouldNotBeRead) {
+    IniSettingsFactory factory(clock_, options_);
+    const auto open = [&] {
+        auto object = factory.create();
+        object->NomeFile(file_.string());
+        object->Sezione("S");
+        return object;
+    };
+    writeBytes(file_, "\xFF\xFE[\0S\0]\0"s);
+    EXPECT_EQ(open()->LeggiStringa("k", "difetto"), "difetto");
+    writeBytes(file_, "[S]\nk=scelta\n");  // it can be read again
+    {
+        const auto object = open();
+        object->ScriviStringa("k", "difetto");
+        object->Sezione("T");
+        object->ScriviStringa("k", "altra");
+    }
+    EXPECT_EQ(bytesOf(file_), "[S]\nk=scelta\n\n[T]\nk=altra\n");
+    EXPECT_EQ(log_.size(), 2u);
+    EXPECT_EQ(open()->LeggiStringa("k", "difetto"), "scelta");
+    open()->ScriviStringa("k", "nuova");
+    EXPECT_EQ(bytesOf(file_), "[S]\nk=nuova\n\n[T]\nk=altra\n");
+}
+
 TEST_F(IniSettingsTest, ASaveThatFailsKeepsTheOldFile) {
     const std::string old = "[S]\nk=" + std::string(3000, 'x') + "\n";
     writeBytes(file_, old);
